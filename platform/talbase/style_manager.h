@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/colour.h>
+
+#include "framenote/export.h"
+
+/// The one instance of a class, made at first use.
+template <class T>
+class Singleton {
+public:
+  static T &Instance() {
+    static T instance;
+    return instance;
+  }
+};
+
+/// The colours that panels take on. REQUIRES: a running wxApp.
+class FRAMENOTE_API StyleManager {
+public:
+  wxColour GetBackgroundColor() const;
+  wxColour GetForegroundColor() const;
+};
