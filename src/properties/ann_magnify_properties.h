@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/colour.h>
+#include <wx/gdicmn.h>
+#include <wx/image.h>
+
+#include "properties/ann_shape_properties.h"
+#include "properties/annotation_properties.h"
+
+/// The look of a magnifier.
+class FRAMENOTE_API AnnMagnifyProperties : public IAnnotationProperties {
+public:
+  enum BorderType : int {
+    Transparent = 0,
+    ShapeOnly = 1,
+    PointToZoomedArea2Lines = 2,
+    PointToZoomedArea3Lines = 3,
+    PointToZoomedArea4Lines = 4
+  };
+
+  AnnMagnifyProperties();
+  explicit AnnMagnifyProperties(wxJSONValue const &json);
+  AnnMagnifyProperties(AnnMagnifyProperties const &other);
+  AnnMagnifyProperties &operator=(AnnMagnifyProperties const &other);
+  ~AnnMagnifyProperties() override;
+
+  double GetZoom() const { return m_zoom; }
+  bool GetFixedSourceSize() const { return m_fixedSourceSize; }
+  wxImageResizeQuality GetZoomMethod() const { return m_zoomMethod; }
+  AnnShapeProperties::Shape GetShape() const { return m_shape; }
+  wxColour GetBorderColor() const { return m_borderColor; }
+  BorderType GetBorderType() const { return m_borderType; }
+  int GetThickness() const { return m_thickness; }
+
+  void SetZoom(double value);
+  void SetFixedSourceSize(bool value);
+  void SetZoomMethod(wxImageResizeQuality value);
+  void SetShape(AnnShapeProperties::Shape value);
+  void SetBorderColor(wxColour const &value);
+  void SetBorderType(BorderType value);
+  void SetThickness(int value);
+
+  // What the panel offers
+  static constexpr double m_minZoom = 1.5;
+  static constexpr double m_maxZoom = 8.0;
+  static constexpr double m_zoomStep = 0.5;
+
+private:
+  void initJSONVal() override;
+  void initFromJSONVal() override;
+  void setJSONValZoom();
+  void setJSONFixedSourceSize();
+  void setJSONValZoomMethod();
+  void setJSONValShape();
+  void setJSONValBorderColor();
+  void setJSONValBorderType();
+  void setJSONValThickness();
+
+  static constexpr char const zoomKey[] = "Zoom";
+  static constexpr char const fixedSourceSizeKey[] = "FixedSourceSize";
+  static constexpr char const zoomMethodKey[] = "ZoomMethod";
+  static constexpr char const shapeKey[] = "Shape";
+  static constexpr char const borderColorKey[] = "BorderColor";
+  static constexpr char const borderTypeKey[] = "BorderType";
+  static constexpr char const thicknessKey[] = "Thickness";
+
+  double m_zoom = 2.0;
+  bool m_fixedSourceSize = true;
+  wxImageResizeQuality m_zoomMethod = wxIMAGE_QUALITY_NEAREST;
+  AnnShapeProperties::Shape m_shape = AnnShapeProperties::Rectangle;
+  wxColour m_borderColor = *wxRED;
+  BorderType m_borderType = Transparent;
+  int m_thickness = 3;
+};
