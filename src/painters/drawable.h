@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include <wx/font.h>
+#include <wx/gdicmn.h>
+#include <wx/geometry.h>
+
+#include "framenote/export.h"
+
+/// Brings geometry from documents within what surfaces can hold. What is cut off lies far outside
+/// any picture.
+namespace framenote {
+
+/// Coordinates that a surface under a scale can hold: surfaces count in fixed point, to about
+/// eight million device pixels.
+class FRAMENOTE_API DrawableRange {
+public:
+  explicit DrawableRange(double scale);
+
+  /// The value within the range; NaN gives 0.
+  double Coordinate(double value) const;
+  wxPoint2DDouble Point(wxPoint2DDouble const &point) const;
+  std::vector<wxPoint2DDouble> Points(std::vector<wxPoint2DDouble> points) const;
+  wxRect Rect(wxRect const &rect) const;
+
+private:
+  double m_limit;
+};
+
+/// A scale that a surface can take: positive, finite, at most 1000; 1 for any other.
+FRAMENOTE_API double DrawableScale(double scale);
+/// The font at a size that the text system can lay out.
+FRAMENOTE_API wxFont DrawableFont(wxFont const &font);
+
+}  // namespace framenote
