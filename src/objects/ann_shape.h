@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "coordinates/ann_shape_coordinates.h"
+#include "objects/recorded_object.h"
+#include "properties/ann_shape_properties.h"
+
+class AnnShapeToolMode;
+
+/// A quadrilateral given by four corners, drawn as a rectangle or as an ellipse inside it.
+///
+/// The corners are kept in cyclic order, clockwise on the screen from the top left of the unturned
+/// shape. Handles are numbered 1 to 8 in the same direction, from the top left corner; corners are
+/// odd and sides even. Operations that take a record work on that record; the others lock the
+/// store and work on the record of the current frame.
+class FRAMENOTE_API AnnShape : public framenote::RecordedObject<AnnShape, AnnShapeToolMode,
+                                                                AnnShapeProperties,
+                                                                AnnShapeCoordinates> {
+public:
+  AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxRect const &rect, std::int64_t frame);
+  /// REQUIRES: IsJSONValid(json).
+  AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxJSONValue const &json);
+  AnnShape(AnnShape const &other);
+  ~AnnShape() override;
+
+  /// Whether an object can be made from `json`; arrows are judged by the same rule.
+  static bool IsJSONValid(wxJSONValue const &json);
+
+  void Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) const override;
+  void DrawFocused(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
+                   double scale) const override;
+  void DrawSelected(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
+                    double scale) const override;
+  bool Contains(wxPoint2DInt const &point) const override;
+  bool IsAtResizePoint(wxPoint2DInt const &point, wxStockCursor &cursor) override;
+  bool IsAtRotationPoint(wxPoint2DInt const &point) override;
+  void PrepareResizing() override;
+  bool WouldDisappear() const override;
+  wxColour GetDominantColor() override;
+  wxPoint2DInt GetPastePoint() override;
+  void UpdateProperties() override;
+  void UpdateCoordinatesPointers(std::int64_t frame) override;
+
+  // Queries of a record
+  bool IsPoint(AnnShapePoints const &record) const;
+  bool IsXLine(AnnShapePoints const &record) const;
+  bool IsYLine(AnnShapePoints const &record) const;
+  bool IsLine(AnnShapePoints const &record) const;
+  bool IsReflected(AnnShapePoints const &record) const;
+  /// Whether the left side points against its remembered direction.
+  bool IsRotatedByReflection(AnnShapePoints const &record) const;
+  bool IsFillCoveredByBorder(AnnShapePoints const &record) const;
+  wxSize GetSize(AnnShapePoints const &record) const;
+  std::vector<wxPoint2DDouble> GetCorners(AnnShapePoints const &record,
+                                          wxPoint2DDouble const &offset) const;
+  std::vector<wxPoint2DDouble> GetInnerCorners(AnnShapePoints const &record,
+                                               wxPoint2DDouble const &offset) const;
+  std::vector<wxPoint2DDouble> GetResizePoints(AnnShapePoints const &record,
+                                               wxPoint2DDouble const &offset) const;
+
+  // Derived points of a record; the caller holds the lock if the record is in the store
+  void FindResizePoints(AnnShapePoints &record) const;
+  void FindRotationPoint(AnnShapePoints &record, bool reflected) const;
+  void CalculateInnerCoordinates(int thickness, AnnShapePoints &record, bool reflected) const;
+
+  // Resizing and turning
+  /// Width over height of `record`, to be kept by a resize.
+  void CalculateAspectRatio(AnnShapePoints const &record);
+  double GetAspectRatio() const { return m_aspectRatio; }
+  double GetRotationAngle() const { return m_rotationAngle; }
+  void UpdateRotationState(double angle);
+  /// Saves the corners, the angle and the aspect ratio that a drag starts from. A shape collapsed
+  /// to one pixel keeps what was saved before.
+  void RememberCurrentPosition();
+  /// Drags the active handle to `position`. With `keepAspectRatio` a corner takes the width from
+  /// the height.
+  void ResizeTo(wxPoint2DInt const &position, bool keepAspectRatio);
+  /// Turns the shape about its centre so that its top points to `position`.
+  void Rotate(wxPoint const &position);
+  /// Corrects the cached points of a reflected record and, with `adjustOrder`, the names of its
+  /// corners. `lock` is the proof that the caller holds the store's mutex.
+  void CheckIfReflectedAlongAxis(std::lock_guard<std::mutex> const &lock, bool adjustOrder);
+
+  using IAnnotationObject::GetContainingRect;
+  /// The rectangle of the current record, whatever `frame` says.
+  wxRect GetContainingRect(std::int64_t frame) const;
+  std::mutex &GetCoordinatesMutex() const;
+  AnnShapeProperties const &GetProperties() const { return m_properties; }
+  AnnShapeCoordinates const &GetCoordinates() const { return m_coordinates; }
+
+  /// The rectangle, or the square of the shorter side, that a drag from `first` to `second` spans.
+  static wxRect GetRectOrSquare(wxPoint const &first, wxPoint const &second, bool square);
+
+  static constexpr int m_rotationArmLength = 30;  ///< screen pixels
+  static const std::vector<wxStockCursor> m_resizeCursors;
+
+protected:
+  bool isFullyTransparent() const;
+
+private:
+  struct Corner;
+  struct Corners;
+  struct CornerRule;
+  struct SideRule;
+
+  void findContainingRect() override;
+  void initFromJSONVal() override;
+  double getAngleFromPosition(AnnShapePoints const &record) const;
+  double rotationArm() const;
+  void leaveFrame(std::lock_guard<std::mutex> const &lock, std::int64_t previous,
+                  std::int64_t frame);
+  void dragCorner(AnnShapePoints &record, CornerRule const &rule, wxPoint2DDouble const &position,
+                  bool keepAspectRatio) const;
+  void dragSide(AnnShapePoints &record, SideRule const &rule, wxPoint2DDouble const &position,
+                bool keepAspectRatio) const;
+  /// The points that follow from the corners, after an edit of the current record.
+  void deriveAfterEdit(AnnShapePoints &record) const;
+  bool isHollow(AnnShapePoints const &record) const;
+  bool rectangleContains(AnnShapePoints const &record, wxPoint const &point) const;
+  bool ellipseContains(AnnShapePoints const &record, wxPoint const &point) const;
+  void drawRectangle(IAnnPainter &painter, AnnShapePoints const &record,
+                     wxPoint2DDouble const &offset) const;
+  void drawEllipse(IAnnPainter &painter, AnnShapePoints const &record,
+                   wxPoint2DDouble const &offset) const;
+
+  double m_aspectRatio = 1.0;
+  double m_rotationAngle = 0.0;
+  int m_rotationState = 0;  ///< turns the handles' cursors with the shape
+  double m_rememberedAngle = 0.0;
+  wxPoint2DDouble m_rememberedTopLeft;
+  wxPoint2DDouble m_rememberedTopRight;
+  wxPoint2DDouble m_rememberedBottomRight;
+  wxPoint2DDouble m_rememberedBottomLeft;
+};

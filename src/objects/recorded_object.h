@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "objects/annotation_object.h"
+
+namespace framenote {
+
+/// What the kinds with a geometry store of their own have in common: the mode they came from, the
+/// record of their look, the store, and every operation that treats a point record as a whole.
+///
+/// `Kind` is the concrete class, `Mode` its tool mode, `Properties` its look and `Store` its
+/// per-frame coordinates. The bodies are in recorded_object_impl.h, which only the sources of the
+/// concrete kinds include: they alone need the mode's complete type.
+template <class Kind, class Mode, class Properties, class Store>
+class RecordedObject : public IAnnotationObject {
+public:
+  void MoveFor(wxPoint2DInt const &delta) override;
+  void MoveAllFramesFor(wxPoint2DInt const &delta) override;
+  void UpdateProperties() override;
+  void OnSelection(bool isNew) override;
+  void UpdateCoordinatesPointers(std::int64_t frame) override;
+  void DuplicateLastCoordinates(std::int64_t frame) override;
+  void UpdateStartEndCoordinates(std::int64_t frame, bool isStart) override;
+  bool AreCoordinatesEmpty(std::int64_t frame) override;
+  std::int64_t GetRecentlyUpdatedCoordsFrame() const override;
+  void SetCopiedObject() const override;
+  void Paste() const override;
+  void OnObjectModified() override;
+  void OnVideoLengthIncreased(std::int64_t length) override;
+
+protected:
+  using Points = std::decay_t<decltype(std::declval<Store &>().CoordsEditable())>;
+
+  /// A new object with the look of the mode's record. `makeStore` gets the frame count and the
+  /// look, and returns the store.
+  template <class MakeStore>
+  RecordedObject(std::shared_ptr<Mode> const &mode, std::int64_t frame,
+                 MakeStore const &makeStore);
+  /// A restored object; without "Properties" it takes the look of the mode's record.
+  template <class MakeStore>
+  RecordedObject(std::shared_ptr<Mode> const &mode, wxJSONValue const &json,
+                 MakeStore const &makeStore);
+  RecordedObject(RecordedObject const &other);
+  ~RecordedObject() override;
+
+  /// The one way to edit a frame: lock, give the frame a record of its own, change it, mark it.
+  template <class Change>
+  void editCurrentFrame(Change const &change);
+  /// A copy of the current record, taken under the lock; none if the frame has no record.
+  std::optional<Points> currentRecord() const;
+  /// Derives the cached points of the current record anew, if there is one.
+  template <class Derive>
+  void deriveCurrentRecord(Derive const &derive);
+  /// The rectangle over all runs of the object: `bounds` gives that of a record. The empty
+  /// rectangle at the origin takes part in the sum.
+  template <class Bounds>
+  wxRect sumOverRuns(Bounds const &bounds);
+  /// Completes the mirror of a new object.
+  void initJSONValOfNewObject();
+  void setJSONValProperties();
+  void setJSONValCoordinates();
+
+  std::shared_ptr<Mode> m_toolMode;
+  Properties m_properties;
+  Store m_coordinates;
+};
+
+}  // namespace framenote
