@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <set>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include <wx/colour.h>
+#include <wx/cursor.h>
+#include <wx/event.h>
+#include <wx/geometry.h>
+#include <wx/image.h>
+
+#include "framenote/annotation_config.h"
+#include "framenote/annotation_types.h"
+#include "framenote/export.h"
+#include "modes/tool_modes.h"
+#include "talbase/json_value.h"
+
+class AnnotationPanel;
+class IAnnotationObject;
+class IAnnPainter;
+class wxBitmap;
+class wxDC;
+class wxToggleButton;
+class wxWindow;
+
+/// The annotations of one picture or video: the objects, the selection, the mouse, the document.
+///
+/// A host makes one in a std::shared_ptr, gives it the picture (SetImage), the position
+/// (UpdateMediaInfo) and the events' handler (InitGui), forwards mouse events
+/// (ProcessMouseEvent) and paints with it (Draw). The tool owns the objects and the modes, and has
+/// no timer, queue or thread of its own: every call belongs to the host's GUI thread.
+///
+/// Positions are picture pixels, y downward. A point p of the picture appears on the window at
+/// (p + offset) * scale. Frames count from 0.
+class FRAMENOTE_API AnnotationTool : public wxEvtHandler,
+                                     public std::enable_shared_from_this<AnnotationTool> {
+public:
+  using ObjectList = std::list<IAnnotationObject *>;
+  using MacroPairs = std::vector<std::pair<wxString, wxString>>;
+
+  explicit AnnotationTool(AnnotationToolConfig const &config);
+  AnnotationTool(AnnotationTool const &) = delete;
+  AnnotationTool &operator=(AnnotationTool const &) = delete;
+  ~AnnotationTool() override;
+
+  // --- For the host: life and looks ---
+
+  /// Records the handler that receives the events; none is raised before. `self` owns this tool;
+  /// if it is null, the tool's own shared pointer is taken.
+  /// Throws std::bad_weak_ptr if no std::shared_ptr holds the tool and `self` is null; the tool
+  /// stays usable. The result is the palette panel, which this version does not have: null.
+  AnnotationPanel *InitGui(wxWindow *parent, wxEvtHandler *sink,
+                           std::shared_ptr<AnnotationTool> self);
+  /// Forgets the panel. To be called before the panel is destroyed.
+  void UnlinkGui();
+  /// Ends editing and selection and returns to the idle mode.
+  void Deactivate();
+  /// Deactivate, for the tool and its panel.
+  void DeactivateToolAndControls();
+  /// Destroys every object. With false the tool is then as newly made, but for its picture and
+  /// configuration; with true nothing else happens, and the tool is only to be destroyed.
+  void Reset(bool keepState);
+  /// With false, mouse events only store position, scale and offset.
+  void EnableMouse(bool enable);
+  /// Hides or shows all annotations; hiding ends the selection.
+  void SetObjectsVisible(bool visible);
+  /// Removes every object and tells the host. Needs a sink for its events (InitGui); without one
+  /// nothing is told.
+  void ClearAllAnnotations();
+
+  bool IsEmpty() const;
+  bool IsVisible() const;
+  bool IsIdle() const;
+  bool IsDefaultState() const;
+  /// Whether some object is present in `frame`.
+  bool HasAnnotation(int frame) const;
+  AnnotationToolConfig const &GetConfig() const;
+  /// The objects, top of the z-order first.
+  ObjectList const &AnnotationObjects() const;
+  ToolState GetState() const;
+  /// The selected object, or null.
+  IAnnotationObject *GetSelectedObject() const;
+
+  // --- For the host: mouse and painting ---
+
+  /// Handles a left press, left release, motion or right release, and returns the cursor to show.
+  /// `position` is in picture pixels; `scale` and `offset` are those of the view.
+  wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
+                                  wxPoint2DDouble const &offset);
+  /// Paints the objects of the current frame, the object being drawn, and the markers. With the
+  /// graphics-context painter the drawing goes to `window`, otherwise to `dc`.
+  void Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
+  /// Paints the selected object alone, where it is present in the current frame, and its markers.
+  void DrawOnlySelected(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
+  /// Asks for a repaint of the window last painted on.
+  void Refresh();
+
+  // --- For the host: modes ---
+
+  /// Makes a mode active; General and values without a mode are ignored.
+  void SetActiveTool(Types mode);
+  void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
+  ToolModes const &GetToolModes() const;
+  /// The mode that receives the mouse. Never null.
+  std::shared_ptr<IAnnotationToolMode> const &GetActiveTool() const;
+
+  // --- For the host: frames and media ---
+
+  /// Takes the current picture; an invalid image clears it. The pixels are shared with the
+  /// caller's image, and with a right-to-left interface they are mirrored in place.
+  void SetImage(wxImage const &image, bool refreshCaches);
+  /// The same; an invalid bitmap changes nothing.
+  void SetImage(wxBitmap const &bitmap, bool refreshCaches);
+  wxImage const &GetImage() const;
+  /// Takes the position in the media and brings the objects there. A selected object's range
+  /// follows the position.
+  /// Throws std::runtime_error if the frame is not below the frame count.
+  void UpdateMediaInfo(AnnotationMediaInfo const &info);
+  AnnotationMediaInfo const &GetMediaInfo() const;
+  /// The rectangle that picture and annotations cover, in picture pixels. Without extension it is
+  /// one pixel smaller than the picture in each direction.
+  wxRect GetAnnotationArea();
+  wxColour GetExtensionColor() const;
+  /// wxNullColour means that burnt-in frames are not extended past the picture.
+  void SetExtensionColour(wxColour const &colour);
+  /// First frame, last frame, or both, of the selected object; nothing without one.
+  void SetSelectedsAnnotationStart(std::int64_t frame);
+  void SetSelectedsAnnotationEnd(std::int64_t frame);
+  /// Starts at `start`; an object of one frame then lasts until `end`, any other keeps its end.
+  void SetSelectedsAnnotationFromFrame(std::int64_t start, std::int64_t end);
+  /// Asks the host for the nearest frame where an object starts, before or after the current one.
+  void GoToObject(GoToObjectDirection direction);
+
+  // --- For the host: document and output ---
+
+  /// Fills the annotation value into `value`.
+  void ToJSON(wxJSONValue &value) const;
+  /// Replaces the whole state by a document, an object with the member "Annotate". Objects that
+  /// cannot be read are left out. The text macros are emptied.
+  void FromJSON(wxJSONValue const &document, std::int64_t frameCount);
+  /// The annotation value as of the last change.
+  wxJSONValue const &GetJSON() const;
+  /// Brings the document up to date and posts an event if it changed.
+  void OnJsonChanged();
+  /// Takes over the picture and the annotations of `other`.
+  void CloneFrom(AnnotationTool &other);
+  /// `frame` with the annotations of `info.frameIndex` burnt in. `frame` is the tool's picture
+  /// afterwards. Not to be called while another call on the tool runs.
+  wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
+                            MacroPairs const &macros);
+  /// Sets the values of text macros; those not named keep theirs.
+  void UpdateTextMacrosMap(MacroPairs const &macros);
+
+  // --- For the modes, the panel and the objects ---
+
+  /// Posts AnnotationObjectSelectedEvent.
+  void OnObjectSelected(bool isNew);
+  void SendAnnotationFrameRangeChangedEvent();
+  void SendAnnotationTextEditionStartedEvent();
+  void SendAnnotationTextEditionFinishedEvent();
+  void SendAnnotationToolSelectedEvent(wxToggleButton *button, Types mode);
+  void SendAnnotationToolDeselectedEvent(wxToggleButton *button, Types mode);
+
+private:
+  friend class IAnnotationToolMode;
+  friend class AnnShapeToolMode;
+  friend class AnnArrowToolMode;
+  friend class AnnGeneralToolMode;
+  friend class AnnPencilToolMode;
+  using Iterator = ObjectList::iterator;
+
+  // Construction and life
+  void setDefaults();
+  void destroyAllObjects();
+  void enterDefaultState();
+
+  // Focus, selection and states
+  bool isMouseOnObject(Iterator &it) const;
+  void changeFocusedTo(Iterator it);
+  void changeFocusedToEnd();
+  void enterObject(Iterator it);
+  void leaveObject();
+  void moveMouseDefault();
+  void selectObject(bool isNew);
+  void changeSelectedTo(Iterator it, bool isNew);
+  void changeSelectedToEnd();
+  bool hasSelection() const;
+  void setNextStateOnSelected();
+  void startDrawingObject();
+  void startMovingOrResizingObject();
+  void startResizingObject();
+  bool deleteSelectedIfWouldDisappear();
+  void onObjectsModified();
+
+  // Painting
+  void setDrawOn(wxWindow *window);
+  std::unique_ptr<IAnnPainter> beginPass(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset,
+                                         double scale);
+  void drawIgnoringScale(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
+                         double scale);
+  void drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter, std::int64_t frame,
+                          wxPoint2DDouble const &offset);
+  wxImage paintAnnotatedFrame(wxImage const &frame, std::int64_t frameIndex);
+
+  // Document, frames, events
+  std::unique_ptr<IAnnotationObject> objectFromJSON(wxJSONValue const &element) const;
+  void readObjects(wxJSONValue const &elements);
+  void calculateAnnotationArea();
+  void onVideoLengthIncreased(std::int64_t count);
+  void updateSelectedForFrame(AnnotationMediaInfo const &info);
+  void growSelectedRangeTo(std::int64_t frame);
+  void rewindSelection();
+  void sendGoToFrameEvent(std::int64_t frame);
+  void post(wxEvent const &event);
+
+  wxEvtHandler *m_eventSink = nullptr;  // not owned
+  AnnotationPanel *m_panel = nullptr;   // owned by its parent window
+  wxColour m_defaultExtensionColor;
+  AnnotationToolConfig m_config;
+  std::unordered_map<wxString, wxString> m_textMacros;
+  std::shared_ptr<IAnnotationToolMode> m_activeTool;
+  ToolModes m_toolModes;
+  ToolState m_state = ToolState::Default;
+  wxWindow *m_drawOn = nullptr;  // not owned
+  double m_scale = 1.0;
+  bool m_visible = true;
+  bool m_mouseEnabled = true;
+  AnnotationMediaInfo m_mediaInfo;
+  wxPoint2DDouble m_offset;
+  wxImage m_image;
+  wxColour m_extensionColor;
+  ObjectList m_objects;  // owns its elements
+  Iterator m_focused;
+  Iterator m_selected;
+  std::unique_ptr<IAnnotationObject> m_copiedObject;
+  std::set<std::int64_t> m_startFrames;
+  wxPoint2DInt m_pressPosition;
+  wxPoint2DInt m_mousePosition;
+  wxStockCursor m_cursor = wxCURSOR_ARROW;
+  wxRect m_annotationArea;
+  wxJSONValue m_json;
+};

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "modes/annotation_tool_mode.h"
+
+/// The mode of the general panel: objects can be selected and moved, and a press on nothing does
+/// nothing.
+class FRAMENOTE_API AnnGeneralToolMode : public IAnnotationToolMode {
+public:
+  AnnGeneralToolMode(Types modeId, AnnotationTool *tool);
+
+  void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;
+  void ApplyProperties() override;
+  void OnMouseDrawing(wxMouseEvent const &event) override;
+  void OnMouseResizing(wxMouseEvent const &event) override;
+  void OnMouseDefault(wxMouseEvent const &event) override;
+};

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include <wx/event.h>
+#include <wx/geometry.h>
+#include <wx/window.h>
+
+#include "framenote/annotation_types.h"
+#include "framenote/export.h"
+
+class AnnotationTool;
+class IAnnotationObject;
+class IAnnPainter;
+
+/// What the mouse does while a tool is active.
+///
+/// The tool keeps the state, the mode keeps the reaction: one handler for each state. A mode is a
+/// window that is never created; it serves as an event handler. The tool owns the modes, and each
+/// lives as long as the tool, so what was chosen for a tool is there when the tool returns.
+class FRAMENOTE_API IAnnotationToolMode : public wxWindow {
+public:
+  IAnnotationToolMode(IAnnotationToolMode const &) = delete;
+  IAnnotationToolMode &operator=(IAnnotationToolMode const &) = delete;
+  ~IAnnotationToolMode() override;
+
+  /// Paints the object under construction. Called after the objects were painted; does nothing
+  /// unless the tool is in the state Drawing.
+  virtual void DrawPreview(std::unique_ptr<IAnnPainter> &painter,
+                           wxPoint2DDouble const &offset) = 0;
+  /// A property of the mode's record changed: gives it to the selected object, if there is one.
+  virtual void ApplyProperties() = 0;
+  /// Commits an open editor.
+  virtual void FinishEditing();
+  /// Whether an editor is open.
+  virtual bool IsEditing() const;
+  /// Drops what a drag has produced so far. Called when a drag starts and whenever one is cut off.
+  virtual void DiscardDrawing();
+
+  // The handlers, each named after its state. An event of a type that they do not know is ignored.
+  virtual void OnMouseDefault(wxMouseEvent const &event);
+  virtual void OnMouseDrawing(wxMouseEvent const &event) = 0;
+  virtual void OnMouseSelected(wxMouseEvent const &event);
+  virtual void OnMouseResizing(wxMouseEvent const &event) = 0;
+  virtual void OnMouseAtRotationPoint(wxMouseEvent const &event);
+  virtual void OnMouseRotating(wxMouseEvent const &event);
+  virtual void OnMouseEditing(wxMouseEvent const &event);
+  void OnMouseOverObject(wxMouseEvent const &event);
+  void OnMouseMoving(wxMouseEvent const &event);
+  void OnMouseAtResizePoint(wxMouseEvent const &event);
+
+  Types GetModeId() const { return m_modeId; }
+  bool IsIdle() const { return m_modeId == Types::Idle; }
+
+  // For the objects
+  std::int64_t GetToolFrameCount() const;
+  /// The current frame; only its low 32 bits.
+  int GetToolCurrentFrame() const;
+  double GetToolScale() const;
+  /// An object of this mode became selected: tells the host and makes this mode active.
+  void NotifyObjectSelected(bool isNew);
+  /// Puts an object at the front of the tool's objects.
+  void InsertPastedObject(std::unique_ptr<IAnnotationObject> object);
+  /// Puts an object into the tool's clipboard, in place of the one before.
+  void StoreCopiedObject(std::unique_ptr<IAnnotationObject> object);
+
+protected:
+  /// `tool` owns the mode.
+  IAnnotationToolMode(Types modeId, AnnotationTool *tool);
+
+  /// The selected object if it is of the kind `Kind`, else null: a host may change the active mode
+  /// at any time, so the selection need not be of the mode's own kind.
+  template <class Kind>
+  Kind *selectedAs() const {
+    return dynamic_cast<Kind *>(selectedObject());
+  }
+  IAnnotationObject *selectedObject() const;
+  bool isDrawing() const;
+  /// A drag has made `object`: puts it in front and selects it.
+  void finishDrawing(std::unique_ptr<IAnnotationObject> object);
+  /// Forgets where the press was, after a drag.
+  void forgetPositions();
+  /// The end of a resize: the handle under the pointer sets the cursor.
+  void finishResizing();
+  /// Gives the mode's record to the selected object, with or without a new annotation area.
+  void applyPropertiesToSelected(bool updatesArea);
+  /// Whether Shift alone is held.
+  static bool isSquareKey(wxMouseEvent const &event);
+
+  // What the modes of all kinds that can be turned share
+  void onShapeMouseAtRotationPoint(wxMouseEvent const &event);
+  void onShapeMouseRotating(wxMouseEvent const &event);
+
+  Types m_modeId;
+  wxString m_modeName;
+  AnnotationTool *m_tool;  // owns this mode
+};

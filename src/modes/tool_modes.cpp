@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "modes/tool_modes.h"
+
+#include <utility>
+
+ToolModes::ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode,
+                     std::shared_ptr<AnnShapeToolMode> shapeMode,
+                     std::shared_ptr<AnnArrowToolMode> arrowMode,
+                     std::shared_ptr<AnnPencilToolMode> pencilMode,
+                     std::shared_ptr<AnnGeneralToolMode> generalMode)
+    : idle(std::move(idleMode)),
+      shape(std::move(shapeMode)),
+      arrow(std::move(arrowMode)),
+      pencil(std::move(pencilMode)),
+      general(std::move(generalMode)) {}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "framenote/export.h"
+
+class AnnArrowToolMode;
+class AnnGeneralToolMode;
+class AnnIdleToolMode;
+class AnnPencilToolMode;
+class AnnShapeToolMode;
+class IAnnotationToolMode;
+
+/// The modes of one tool, each by its concrete class. A plain record.
+struct FRAMENOTE_API ToolModes {
+  ToolModes() = default;
+  ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode, std::shared_ptr<AnnShapeToolMode> shapeMode,
+            std::shared_ptr<AnnArrowToolMode> arrowMode,
+            std::shared_ptr<AnnPencilToolMode> pencilMode,
+            std::shared_ptr<AnnGeneralToolMode> generalMode);
+
+  std::shared_ptr<AnnIdleToolMode> idle;
+  std::shared_ptr<AnnShapeToolMode> shape;
+  std::shared_ptr<AnnArrowToolMode> arrow;
+  std::shared_ptr<AnnPencilToolMode> pencil;
+  std::shared_ptr<AnnGeneralToolMode> general;
+};

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "framenote/annotation_tool.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/window.h>
+
+#include "framenote/annotation_events.h"
+#include "modes/ann_arrow_tool_mode.h"
+#include "modes/ann_general_tool_mode.h"
+#include "modes/ann_idle_tool_mode.h"
+#include "modes/ann_pencil_tool_mode.h"
+#include "modes/ann_shape_tool_mode.h"
+#include "objects/annotation_object.h"
+
+namespace {
+
+constexpr std::size_t kMacroBuckets = 16;
+
+ToolModes MakeModes(AnnotationTool *tool) {
+  auto general = std::make_shared<AnnGeneralToolMode>(Types::General, tool);
+  auto pencil = std::make_shared<AnnPencilToolMode>(Types::Pencil, tool);
+  auto arrow = std::make_shared<AnnArrowToolMode>(Types::Arrow, tool);
+  auto shape = std::make_shared<AnnShapeToolMode>(Types::Shape, tool);
+  auto idle = std::make_shared<AnnIdleToolMode>(Types::Idle, tool);
+  return ToolModes(std::move(idle), std::move(shape), std::move(arrow), std::move(pencil),
+                   std::move(general));
+}
+
+}  // namespace
+
+AnnotationTool::AnnotationTool(AnnotationToolConfig const &config)
+    : m_defaultExtensionColor(*wxWHITE), m_config(config), m_toolModes(MakeModes(this)) {
+  setDefaults();
+}
+
+AnnotationTool::~AnnotationTool() { destroyAllObjects(); }
+
+void AnnotationTool::setDefaults() {
+  enterDefaultState();
+  m_textMacros = std::unordered_map<wxString, wxString>(kMacroBuckets);
+  m_activeTool = m_toolModes.idle;
+  m_scale = 1.0;
+  m_drawOn = nullptr;
+  m_mediaInfo = AnnotationMediaInfo();
+  m_visible = true;
+  m_mouseEnabled = true;
+  SetEvtHandlerEnabled(true);
+  m_offset = wxPoint2DDouble(0.0, 0.0);
+  m_extensionColor = m_defaultExtensionColor;
+  m_objects.clear();
+  m_focused = m_objects.end();
+  m_selected = m_objects.end();
+  m_copiedObject.reset();
+  m_startFrames.clear();
+  m_pressPosition = wxPoint2DInt(wxDefaultPosition);
+  m_mousePosition = wxPoint2DInt(wxDefaultPosition);
+  m_cursor = wxCURSOR_ARROW;
+  m_annotationArea = wxRect();
+  m_json = wxJSONValue();
+}
+
+void AnnotationTool::destroyAllObjects() {
+  for (IAnnotationObject *object : m_objects) delete object;
+}
+
+// Whatever cuts a drag off takes this way to the default state, so that no half-drawn object is
+// left in the mode.
+void AnnotationTool::enterDefaultState() {
+  if (m_activeTool) m_activeTool->DiscardDrawing();
+  m_state = ToolState::Default;
+}
+
+AnnotationPanel *AnnotationTool::InitGui(wxWindow *, wxEvtHandler *sink,
+                                         std::shared_ptr<AnnotationTool> self) {
+  std::shared_ptr<AnnotationTool> const owner = self ? std::move(self) : shared_from_this();
+  // Stored last, so that events raised while the interface is being built reach nobody.
+  owner->m_eventSink = sink;
+  return m_panel;
+}
+
+void AnnotationTool::UnlinkGui() { m_panel = nullptr; }
+
+void AnnotationTool::Deactivate() {
+  if (m_activeTool) {
+    m_activeTool->FinishEditing();
+    m_activeTool->DiscardDrawing();
+    SetActiveTool(Types::Idle);
+  }
+  changeFocusedToEnd();
+  changeSelectedToEnd();
+  enterDefaultState();
+  Refresh();
+}
+
+void AnnotationTool::DeactivateToolAndControls() { Deactivate(); }
+
+void AnnotationTool::Reset(bool keepState) {
+  destroyAllObjects();
+  // The list must not outlive its objects, whatever a host calls next.
+  m_objects.clear();
+  m_focused = m_objects.end();
+  m_selected = m_objects.end();
+  enterDefaultState();
+  if (!keepState) setDefaults();
+}
+
+void AnnotationTool::EnableMouse(bool enable) { m_mouseEnabled = enable; }
+
+void AnnotationTool::SetObjectsVisible(bool visible) {
+  m_visible = visible;
+  if (visible) {
+    calculateAnnotationArea();
+  } else {
+    changeFocusedToEnd();
+    changeSelectedToEnd();
+    enterDefaultState();
+    m_cursor = wxCURSOR_ARROW;
+    m_annotationArea = wxRect();
+  }
+  Refresh();
+}
+
+void AnnotationTool::ClearAllAnnotations() {
+  destroyAllObjects();
+  enterDefaultState();
+  m_objects.clear();
+  m_focused = m_objects.end();
+  m_selected = m_objects.end();
+  m_startFrames.clear();
+  m_cursor = wxCURSOR_ARROW;
+  post(AnnotationObjectDeselectedEvent(wxEVT_ANN_OBJECT_DESELECTED));
+  onObjectsModified();
+}
+
+bool AnnotationTool::IsEmpty() const { return m_objects.empty(); }
+
+bool AnnotationTool::IsVisible() const { return m_visible; }
+
+bool AnnotationTool::IsIdle() const { return m_activeTool->IsIdle(); }
+
+bool AnnotationTool::IsDefaultState() const { return m_state == ToolState::Default; }
+
+bool AnnotationTool::HasAnnotation(int frame) const {
+  return std::any_of(m_objects.begin(), m_objects.end(), [frame](IAnnotationObject const *object) {
+    return object->IsPresentInFrame(frame);
+  });
+}
+
+AnnotationToolConfig const &AnnotationTool::GetConfig() const { return m_config; }
+
+AnnotationTool::ObjectList const &AnnotationTool::AnnotationObjects() const { return m_objects; }
+
+ToolState AnnotationTool::GetState() const { return m_state; }
+
+IAnnotationObject *AnnotationTool::GetSelectedObject() const {
+  return hasSelection() ? *m_selected : nullptr;
+}
+
+wxStockCursor AnnotationTool::ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event,
+                                                double scale, wxPoint2DDouble const &offset) {
+  m_mousePosition = wxPoint2DInt(position);
+  m_scale = scale;
+  m_offset = offset;
+  if (!m_activeTool || !m_visible || !m_mouseEnabled) return m_cursor;
+  // An event may make another mode active; the one that handles it must live until it returns.
+  std::shared_ptr<IAnnotationToolMode> const mode = m_activeTool;
+  switch (m_state) {
+    case ToolState::Default: mode->OnMouseDefault(event); break;
+    case ToolState::Drawing: mode->OnMouseDrawing(event); break;
+    case ToolState::OverObject: mode->OnMouseOverObject(event); break;
+    case ToolState::Selected: mode->OnMouseSelected(event); break;
+    case ToolState::Moving: mode->OnMouseMoving(event); break;
+    case ToolState::AtResizePoint: mode->OnMouseAtResizePoint(event); break;
+    case ToolState::Resizing: mode->OnMouseResizing(event); break;
+    case ToolState::AtRotationPoint: mode->OnMouseAtRotationPoint(event); break;
+    case ToolState::Rotating: mode->OnMouseRotating(event); break;
+    case ToolState::Editing: mode->OnMouseEditing(event); break;
+  }
+  return m_cursor;
+}
+
+void AnnotationTool::Refresh() {
+  if (m_drawOn != nullptr) m_drawOn->Refresh(true, nullptr);
+}
+
+void AnnotationTool::SetActiveTool(Types mode) {
+  switch (mode) {
+    case Types::Idle: m_activeTool = m_toolModes.idle; break;
+    case Types::Shape: m_activeTool = m_toolModes.shape; break;
+    case Types::Arrow: m_activeTool = m_toolModes.arrow; break;
+    case Types::Pencil: m_activeTool = m_toolModes.pencil; break;
+    default: break;
+  }
+}
+
+void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode) {
+  if (mode) m_activeTool = mode;
+}
+
+ToolModes const &AnnotationTool::GetToolModes() const { return m_toolModes; }
+
+std::shared_ptr<IAnnotationToolMode> const &AnnotationTool::GetActiveTool() const {
+  return m_activeTool;
+}

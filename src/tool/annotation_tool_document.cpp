@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// The document: how the annotations are stored, compared and restored.
+#include "coordinates/coordinate_runs.h"
+#include "framenote/annotation_events.h"
+#include "framenote/annotation_tool.h"
+#include "modes/ann_arrow_tool_mode.h"
+#include "modes/ann_pencil_tool_mode.h"
+#include "modes/ann_shape_tool_mode.h"
+#include "objects/ann_arrow.h"
+#include "objects/ann_pencil.h"
+#include "objects/ann_shape.h"
+#include "talbase/json_conversions.h"
+
+namespace {
+
+constexpr char const *kAnnotateKey = AnnotationJsonChangedEvent::m_annotateKey;
+constexpr char const *kExtensionColorKey = "ExtensionColor";
+constexpr char const *kObjectsKey = "Objects";
+
+/// How far a document may make the stores longer than the media: one object, and all together.
+constexpr std::int64_t kMaxExtraFramesOfObject = std::int64_t{1} << 24;
+constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
+
+wxJSONValue ExtensionColorToJson(wxColour const &colour) {
+  if (colour == wxNullColour) return wxJSONValue(wxJSONTYPE_NULL);
+  return wxJSONValue(ToString(colour));
+}
+
+}  // namespace
+
+void AnnotationTool::ToJSON(wxJSONValue &value) const {
+  value.Set(kExtensionColorKey, ExtensionColorToJson(m_extensionColor));
+  wxJSONValue objects(wxJSONTYPE_ARRAY);
+  for (IAnnotationObject const *object : m_objects) objects.Append(object->ToJSON());
+  value.Set(kObjectsKey, std::move(objects));
+}
+
+wxJSONValue const &AnnotationTool::GetJSON() const { return m_json; }
+
+void AnnotationTool::OnJsonChanged() {
+  SendAnnotationFrameRangeChangedEvent();
+  wxJSONValue json;
+  ToJSON(json);
+  if (json.IsSameAs(m_json)) return;
+  m_json = json;
+  post(AnnotationJsonChangedEvent(wxEVT_ANN_JSON_CHANGED, m_json));
+}
+
+void AnnotationTool::FromJSON(wxJSONValue const &document, std::int64_t frameCount) {
+  destroyAllObjects();
+  setDefaults();
+  if (!document.IsValid()) return;
+  wxJSONValue const annotate = document.ItemAt(kAnnotateKey);
+  if (!annotate.IsValid()) return;
+  m_mediaInfo.frameCount = frameCount;
+  if (annotate.ItemAt(kExtensionColorKey).IsValid()) {
+    m_extensionColor = FromString<wxColour>(
+        annotate.Get(kExtensionColorKey, wxJSONValue(ToString(m_defaultExtensionColor)))
+            .AsString());
+  }
+  if (!annotate.HasMember(kObjectsKey)) return;
+  readObjects(annotate.ItemAt(kObjectsKey));
+  calculateAnnotationArea();
+  OnJsonChanged();
+}
+
+void AnnotationTool::readObjects(wxJSONValue const &elements) {
+  std::int64_t extraFrames = 0;
+  for (int i = 0; i < elements.Size(); ++i) {
+    wxJSONValue const element = elements.ItemAt(i);
+    if (!element.HasMember(IAnnotationObject::idKey)) continue;
+    std::int64_t const extra = framenote::CountExtraFrames(
+        element.ItemAt(IAnnotationObject::coordinatesKey), m_mediaInfo.frameCount);
+    if (extra > kMaxExtraFramesOfObject || extraFrames + extra > kMaxExtraFramesOfDocument) {
+      continue;
+    }
+    std::unique_ptr<IAnnotationObject> object = objectFromJSON(element);
+    if (!object || object->WouldDisappear()) continue;
+    extraFrames += extra;
+    // To the back: the array starts with the top of the z-order.
+    m_objects.push_back(object.release());  // owned by the list
+  }
+}
+
+std::unique_ptr<IAnnotationObject> AnnotationTool::objectFromJSON(
+    wxJSONValue const &element) const {
+  switch (static_cast<Types>(element.ItemAt(IAnnotationObject::idKey).AsInt())) {
+    case Types::Shape:
+      if (!AnnShape::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnShape>(m_toolModes.shape, element);
+    case Types::Arrow:
+      if (!AnnShape::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnArrow>(m_toolModes.arrow, element);
+    case Types::Pencil:
+      if (!AnnPencil::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnPencil>(m_toolModes.pencil, element);
+    default: return nullptr;
+  }
+}
+
+void AnnotationTool::CloneFrom(AnnotationTool &other) {
+  other.onObjectsModified();
+  m_image = other.m_image;
+  wxJSONValue document(wxJSONTYPE_OBJECT);
+  document.Set(kAnnotateKey, other.m_json);
+  FromJSON(document, other.m_mediaInfo.frameCount);
+}

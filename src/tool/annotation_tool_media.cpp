@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// The picture, the position in the media, and the frame range of the selected object.
+#include <algorithm>
+#include <stdexcept>
+
+#include <wx/bitmap.h>
+#include <wx/translation.h>
+
+#include <opencv2/core.hpp>
+
+#include "framenote/annotation_tool.h"
+#include "modes/annotation_tool_mode.h"
+#include "objects/annotation_object.h"
+#include "talbase/layout_direction.h"
+
+namespace {
+
+void MirrorInPlace(wxImage const &image) {
+  cv::Mat pixels(image.GetHeight(), image.GetWidth(), CV_8UC3, image.GetData());
+  cv::flip(pixels, pixels, 1);
+}
+
+}  // namespace
+
+void AnnotationTool::SetImage(wxImage const &image, bool) {
+  if (!image.IsOk()) {
+    m_image = wxNullImage;
+    Refresh();
+    return;
+  }
+  m_image = image;
+  if (TalHasRTLLayout()) MirrorInPlace(m_image);
+  Refresh();
+}
+
+void AnnotationTool::SetImage(wxBitmap const &bitmap, bool refreshCaches) {
+  if (bitmap.IsOk()) SetImage(bitmap.ConvertToImage(), refreshCaches);
+}
+
+wxImage const &AnnotationTool::GetImage() const { return m_image; }
+
+AnnotationMediaInfo const &AnnotationTool::GetMediaInfo() const { return m_mediaInfo; }
+
+void AnnotationTool::UpdateMediaInfo(AnnotationMediaInfo const &info) {
+  if (info.frameCount > m_mediaInfo.frameCount) onVideoLengthIncreased(info.frameCount);
+  if (info.frameIndex < 0 || info.frameIndex >= m_mediaInfo.frameCount) {
+    throw std::runtime_error(wxGetTranslation("Frame index out of range.").utf8_string());
+  }
+  bool const wasStoppedAndRewound = info.frameIndex == 0 && m_mediaInfo.frameIndex != 0 &&
+                                    !info.isPlaying && m_mediaInfo.isPlaying;
+  if (wasStoppedAndRewound) rewindSelection();
+  if (hasSelection()) updateSelectedForFrame(info);
+  for (IAnnotationObject *object : m_objects) {
+    if (object->IsSelected() || !object->IsPresentInFrame(info.frameIndex)) continue;
+    object->UpdateCoordinatesPointers(info.frameIndex);
+  }
+  m_mediaInfo = info;
+}
+
+void AnnotationTool::rewindSelection() {
+  changeSelectedToEnd();
+  leaveObject();
+}
+
+void AnnotationTool::updateSelectedForFrame(AnnotationMediaInfo const &info) {
+  IAnnotationObject &object = **m_selected;
+  std::int64_t const old = m_mediaInfo.frameIndex;
+  growSelectedRangeTo(info.frameIndex);
+  bool const isHandled = m_state == ToolState::Moving || m_state == ToolState::Resizing ||
+                         m_state == ToolState::Rotating;
+  if (isHandled) {
+    for (std::int64_t frame = old + 1; frame < info.frameIndex; ++frame) {
+      object.DuplicateLastCoordinates(frame);
+    }
+    // Also when the position went back: the loop always ends with the new frame.
+    object.DuplicateLastCoordinates(info.frameIndex);
+  } else {
+    for (std::int64_t frame = old + 1; frame <= info.frameIndex; ++frame) {
+      if (object.AreCoordinatesEmpty(frame)) object.DuplicateLastCoordinates(frame);
+    }
+    if (object.GetRecentlyUpdatedCoordsFrame() != info.frameIndex) {
+      object.UpdateCoordinatesPointers(info.frameIndex);
+    }
+  }
+  if (!info.isPlaying) onObjectsModified();
+}
+
+void AnnotationTool::growSelectedRangeTo(std::int64_t frame) {
+  IAnnotationObject &object = **m_selected;
+  if (object.IsPresentInFrame(frame)) return;
+  if (object.GetStartFrame() > frame) object.SetStartFrame(frame);
+  if (object.GetEndFrame() < frame) object.SetEndFrame(frame);
+  SendAnnotationFrameRangeChangedEvent();
+}
+
+void AnnotationTool::onVideoLengthIncreased(std::int64_t count) {
+  m_mediaInfo.frameCount = count;
+  for (IAnnotationObject *object : m_objects) object->OnVideoLengthIncreased(count);
+}
+
+void AnnotationTool::SetSelectedsAnnotationStart(std::int64_t frame) {
+  if (!hasSelection()) return;
+  (*m_selected)->SetStartFrame(frame);
+  Refresh();
+  onObjectsModified();
+}
+
+void AnnotationTool::SetSelectedsAnnotationEnd(std::int64_t frame) {
+  if (!hasSelection()) return;
+  (*m_selected)->SetEndFrame(frame);
+  Refresh();
+  onObjectsModified();
+}
+
+void AnnotationTool::SetSelectedsAnnotationFromFrame(std::int64_t start, std::int64_t end) {
+  if (!hasSelection()) return;
+  IAnnotationObject &object = **m_selected;
+  bool const wasOneFrame = object.GetStartFrame() == object.GetEndFrame();
+  object.SetStartFrame(start);
+  if (wasOneFrame) object.SetEndFrame(end);
+  Refresh();
+  onObjectsModified();
+}
+
+void AnnotationTool::calculateAnnotationArea() {
+  if (!m_config.extensionEnabled) return;
+  if (m_objects.empty()) {
+    m_annotationArea = wxRect(0, 0, 0, 0);
+    return;
+  }
+  wxRect area = m_objects.front()->GetContainingRect();
+  for (IAnnotationObject *object : m_objects) area = area + object->GetContainingRect();
+  m_annotationArea = area;
+}
+
+wxRect AnnotationTool::GetAnnotationArea() {
+  if (!m_image.IsOk()) return m_annotationArea;
+  int const width = m_image.GetWidth();
+  int const height = m_image.GetHeight();
+  // One less than the picture in each direction: what hosts of this interface expect.
+  if (!m_config.extensionEnabled) return wxRect(0, 0, width - 1, height - 1);
+  int const left = std::min(m_annotationArea.x, 0);
+  int const top = std::min(m_annotationArea.y, 0);
+  int const right = std::max(m_annotationArea.x + m_annotationArea.width, width);
+  int const bottom = std::max(m_annotationArea.y + m_annotationArea.height, height);
+  return wxRect(wxPoint(left, top), wxPoint(right - 1, bottom - 1));
+}
+
+wxColour AnnotationTool::GetExtensionColor() const { return m_extensionColor; }
+
+void AnnotationTool::SetExtensionColour(wxColour const &colour) {
+  m_extensionColor = colour;
+  Refresh();
+  OnJsonChanged();
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Frames with the annotations burnt in, and the text macros that they take.
+#include <algorithm>
+
+#include <wx/bitmap.h>
+#include <wx/dcmemory.h>
+
+#include "framenote/annotation_tool.h"
+#include "objects/annotation_object.h"
+#include "painters/ann_painter.h"
+
+namespace {
+
+/// Objects are painted on pixel centres; the picture itself stays on whole pixels.
+constexpr double kHalfPixel = 0.5;
+
+/// The largest side of an extended frame, the limit of the drawing surfaces; and the most pixels.
+constexpr int kMaxSide = 32767;
+constexpr std::int64_t kMaxPixels = std::int64_t{1} << 28;
+
+bool CanBePainted(wxSize const &size) {
+  return size.x > 0 && size.y > 0 && size.x <= kMaxSide && size.y <= kMaxSide &&
+         std::int64_t{size.x} * size.y <= kMaxPixels;
+}
+
+}  // namespace
+
+void AnnotationTool::UpdateTextMacrosMap(MacroPairs const &macros) {
+  for (auto const &[key, value] : macros) m_textMacros[key] = value;
+}
+
+wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
+                                          MacroPairs const &macros) {
+  // Only the low 32 bits of the position come back.
+  auto const savedFrame = static_cast<std::int32_t>(m_mediaInfo.frameIndex);
+  wxImage const savedImage = frame;
+  auto const savedMacros = m_textMacros;
+
+  m_mediaInfo.frameIndex = info.frameIndex;
+  SetImage(frame, false);
+  UpdateTextMacrosMap(macros);
+  wxImage const output = paintAnnotatedFrame(frame, info.frameIndex);
+
+  m_mediaInfo.frameIndex = savedFrame;
+  // The frame just rendered stays the tool's picture; the host sets the one it wants next.
+  SetImage(savedImage, false);
+  m_textMacros = savedMacros;
+  UpdateTextMacrosMap({});
+  return output;
+}
+
+wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t frameIndex) {
+  if (!frame.IsOk()) return wxNullImage;
+  // Annotations so far out that no surface can hold them do not extend the frame.
+  bool const extended =
+      m_extensionColor != wxNullColour && CanBePainted(GetAnnotationArea().GetSize());
+  wxPoint2DDouble const offset(extended ? -std::min(m_annotationArea.x, 0) : 0,
+                               extended ? -std::min(m_annotationArea.y, 0) : 0);
+  wxSize const size = extended ? GetAnnotationArea().GetSize() : frame.GetSize();
+  wxBitmap bitmap(size);
+  wxMemoryDC dc(bitmap);
+  dc.SetBackground(wxBrush(m_extensionColor, wxBRUSHSTYLE_SOLID));
+  dc.Clear();
+  {
+    auto const type = m_config.renderWithDeviceContext ? IAnnPainter::DeviceContext
+                                                       : IAnnPainter::GraphicsContext;
+    std::unique_ptr<IAnnPainter> painter = IAnnPainter::CreateAnnPainter(type, dc, &dc, 1.0);
+    painter->DrawBitmap(offset, wxBitmap(frame, -1, 1.0));
+    drawObjectsOfFrame(painter, frameIndex, offset + wxPoint2DDouble(kHalfPixel, kHalfPixel));
+  }
+  dc.SelectObject(wxNullBitmap);
+  return bitmap.ConvertToImage();
+}
+
+void AnnotationTool::drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter,
+                                        std::int64_t frame, wxPoint2DDouble const &offset) {
+  for (auto it = m_objects.rbegin(); it != m_objects.rend(); ++it) {
+    IAnnotationObject &object = **it;
+    if (!object.IsPresentInFrame(frame)) continue;
+    object.UpdateCoordinatesPointers(frame);
+    object.Draw(painter, offset);
+  }
+}
