@@ -23,7 +23,9 @@ wxJSONValue Pair(Number x, Number y) {
   return pair;
 }
 
-bool IsNumber(wxJSONValue const &value) { return value.IsInt() || value.IsDouble(); }
+bool IsNumber(wxJSONValue const &value) {
+  return value.IsInt() || value.IsDouble();
+}
 
 bool IsPair(wxJSONValue const &value) {
   return value.IsArray() && value.Size() == 2 && IsNumber(value.ItemAt(0)) &&
@@ -48,9 +50,8 @@ std::vector<T> VectorOf(wxJSONValue const &array, Convert convert) {
 
 /// The value of a text of hexadecimal digits; -1 if there is anything else in it.
 long HexValue(wxString const &digits) {
-  bool const isHex = std::all_of(digits.begin(), digits.end(), [](wxUniChar c) {
-    return c.IsAscii() && wxIsxdigit(c);
-  });
+  bool const isHex = std::all_of(digits.begin(), digits.end(),
+                                 [](wxUniChar c) { return c.IsAscii() && wxIsxdigit(c); });
   long value = 0;
   return isHex && digits.ToLong(&value, 16) ? value : -1;
 }
@@ -67,11 +68,17 @@ wxFontStyle StyleOf(wxString const &name) {
 
 }  // namespace
 
-wxJSONValue ToJson(wxPoint2DDouble const &point) { return Pair(point.m_x, point.m_y); }
+wxJSONValue ToJson(wxPoint2DDouble const &point) {
+  return Pair(point.m_x, point.m_y);
+}
 
-wxJSONValue ToJson(wxPoint2DInt const &point) { return Pair(point.m_x, point.m_y); }
+wxJSONValue ToJson(wxPoint2DInt const &point) {
+  return Pair(point.m_x, point.m_y);
+}
 
-wxJSONValue ToJson(wxColour const &colour) { return wxJSONValue(ToString(colour)); }
+wxJSONValue ToJson(wxColour const &colour) {
+  return wxJSONValue(ToString(colour));
+}
 
 wxJSONValue ToJson(std::vector<wxPoint2DDouble> const &points) {
   return ArrayOf(points, [](wxPoint2DDouble const &point) { return ToJson(point); });
@@ -156,8 +163,7 @@ wxColour FromString<wxColour>(wxString const &text) {
 template <>
 wxString ToString<wxFont>(wxFont const &font) {
   if (!font.IsOk()) return wxString();
-  return wxString::Format("%s;%s;%d;%d;%d;%s",
-                          wxString::FromCDouble(font.GetFractionalPointSize()),
+  return wxString::Format("%s;%s;%d;%d;%d;%s", wxString::FromCDouble(font.GetFractionalPointSize()),
                           StyleName(font.GetStyle()), font.GetNumericWeight(),
                           font.GetUnderlined() ? 1 : 0, font.GetStrikethrough() ? 1 : 0,
                           font.GetFaceName());

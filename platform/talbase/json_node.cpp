@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "talbase/json_node.h"
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace framenote {
@@ -9,6 +11,18 @@ namespace {
 
 /// Up to this many members a search from the front is faster than an index.
 constexpr std::size_t kFewMembers = 16;
+
+/// Eight bytes at a time: this runs over whole documents.
+bool IsAscii(std::string const &utf8) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  std::size_t at = 0;
+  for (std::uint64_t word = 0; at + sizeof word <= utf8.size(); at += sizeof word) {
+    std::memcpy(&word, utf8.data() + at, sizeof word);
+    if ((word & kHighBits) != 0) return false;
+  }
+  return std::all_of(utf8.begin() + static_cast<std::ptrdiff_t>(at), utf8.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 JsonArray *CloneOf(JsonArray const &node) {
   auto *const clone = new JsonArray;  // owned by the value that asked
@@ -62,18 +76,6 @@ void JsonObject::rebuildIndex() {
   for (std::size_t i = 0; i < members.size(); ++i) index.emplace(members[i].key, i);
 }
 
-JsonString const &JsonAccess::String(wxJSONValue const &value) {
-  return static_cast<JsonString const &>(*value.m_node);
-}
-
-JsonArray const &JsonAccess::Array(wxJSONValue const &value) {
-  return static_cast<JsonArray const &>(*value.m_node);
-}
-
-JsonObject const &JsonAccess::Object(wxJSONValue const &value) {
-  return static_cast<JsonObject const &>(*value.m_node);
-}
-
 template <class Node>
 Node &JsonAccess::own(wxJSONValue &value, wxJSONType type) {
   if (value.m_type != type) value = wxJSONValue(type);
@@ -98,5 +100,17 @@ wxJSONValue JsonAccess::MakeString(std::string utf8) {
 }
 
 std::string Utf8Of(wxString const &text) { return text.utf8_string(); }
+
+wxString TextOf(std::string const &utf8) {
+  if (utf8.empty() || !IsAscii(utf8)) return wxString::FromUTF8(utf8.data(), utf8.size());
+  // Documents are long and nearly all ASCII: there each byte is a character.
+  wxString text;
+  {
+    wxStringBufferLength buffer(text, utf8.size());
+    std::copy(utf8.begin(), utf8.end(), static_cast<wxChar *>(buffer));
+    buffer.SetLength(utf8.size());
+  }
+  return text;
+}
 
 }  // namespace framenote

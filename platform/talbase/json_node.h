@@ -52,9 +52,15 @@ private:
 
 /// What the rest of talbase may do with the inside of a value.
 struct JsonAccess {
-  static JsonString const &String(wxJSONValue const &value);
-  static JsonArray const &Array(wxJSONValue const &value);
-  static JsonObject const &Object(wxJSONValue const &value);
+  static JsonString const &String(wxJSONValue const &value) {
+    return static_cast<JsonString const &>(*value.m_node);
+  }
+  static JsonArray const &Array(wxJSONValue const &value) {
+    return static_cast<JsonArray const &>(*value.m_node);
+  }
+  static JsonObject const &Object(wxJSONValue const &value) {
+    return static_cast<JsonObject const &>(*value.m_node);
+  }
   /// The node of an array or object, made so from another kind, and the value's own.
   static JsonArray &OwnArray(wxJSONValue &value);
   static JsonObject &OwnObject(wxJSONValue &value);
@@ -65,7 +71,8 @@ private:
   static Node &own(wxJSONValue &value, wxJSONType type);
 };
 
-/// UTF-8 of a text.
+/// UTF-8 of a text, and the text of UTF-8.
 std::string Utf8Of(wxString const &text);
+wxString TextOf(std::string const &utf8);
 
 }  // namespace framenote

@@ -48,7 +48,9 @@ void WriteDouble(std::string &out, double value) {
   std::string_view const digits = Digits(value, buffer, buffer + sizeof buffer);
   out += digits;
   // A double stays one when it is read back.
-  if (digits.find_first_of(".e") == std::string_view::npos) out += ".0";
+  bool const isWhole =
+      std::none_of(digits.begin(), digits.end(), [](char c) { return c == '.' || c == 'e'; });
+  if (isWhole) out += ".0";
 }
 
 void WriteInt(std::string &out, std::int64_t value) {
@@ -83,13 +85,27 @@ void WriteObject(std::string &out, framenote::JsonObject const &object) {
 void Write(std::string &out, wxJSONValue const &value) {
   using framenote::JsonAccess;
   switch (value.GetType()) {
-    case wxJSONTYPE_BOOL: out += value.AsBool() ? "true" : "false"; break;
-    case wxJSONTYPE_INT: WriteInt(out, value.AsInt64()); break;
-    case wxJSONTYPE_DOUBLE: WriteDouble(out, value.AsDouble()); break;
-    case wxJSONTYPE_STRING: WriteString(out, JsonAccess::String(value).utf8); break;
-    case wxJSONTYPE_ARRAY: WriteArray(out, JsonAccess::Array(value)); break;
-    case wxJSONTYPE_OBJECT: WriteObject(out, JsonAccess::Object(value)); break;
-    default: out += "null"; break;
+    case wxJSONTYPE_BOOL:
+      out += value.AsBool() ? "true" : "false";
+      break;
+    case wxJSONTYPE_INT:
+      WriteInt(out, value.AsInt64());
+      break;
+    case wxJSONTYPE_DOUBLE:
+      WriteDouble(out, value.AsDouble());
+      break;
+    case wxJSONTYPE_STRING:
+      WriteString(out, JsonAccess::String(value).utf8);
+      break;
+    case wxJSONTYPE_ARRAY:
+      WriteArray(out, JsonAccess::Array(value));
+      break;
+    case wxJSONTYPE_OBJECT:
+      WriteObject(out, JsonAccess::Object(value));
+      break;
+    default:
+      out += "null";
+      break;
   }
 }
 
@@ -168,8 +184,7 @@ std::string JsonToUtf8(wxJSONValue const &value) {
 }
 
 wxString JsonToText(wxJSONValue const &value) {
-  std::string const utf8 = JsonToUtf8(value);
-  return wxString::FromUTF8(utf8.data(), utf8.size());
+  return framenote::TextOf(JsonToUtf8(value));
 }
 
 wxJSONValue JsonFromUtf8(std::string_view utf8) {
@@ -178,4 +193,6 @@ wxJSONValue JsonFromUtf8(std::string_view utf8) {
   return parsed ? builder.TakeRoot() : wxJSONValue(wxJSONTYPE_INVALID);
 }
 
-wxJSONValue JsonFromText(wxString const &text) { return JsonFromUtf8(framenote::Utf8Of(text)); }
+wxJSONValue JsonFromText(wxString const &text) {
+  return JsonFromUtf8(framenote::Utf8Of(text));
+}

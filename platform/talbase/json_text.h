@@ -19,5 +19,5 @@ FRAMENOTE_API std::string JsonToUtf8(wxJSONValue const &value);
 /// nests deeper than 128 levels. Integers beyond 64 bits become doubles. Of members with the same
 /// name the last value counts.
 FRAMENOTE_API wxJSONValue JsonFromText(wxString const &text);
-/// The same from UTF-8; bytes that are not UTF-8 do not parse.
+/// The same from UTF-8; bytes that are not UTF-8 do not parse. A byte order mark is passed over.
 FRAMENOTE_API wxJSONValue JsonFromUtf8(std::string_view utf8);

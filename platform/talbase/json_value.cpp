@@ -17,6 +17,32 @@ using framenote::Utf8Of;
 
 namespace {
 
+bool IsCharacter(wxUniChar c) {
+  constexpr wxUint32 kLast = 0x10FFFF;
+  // Where wide characters have 16 bits, surrogates are halves of characters and belong there.
+  bool const isSurrogate = sizeof(wchar_t) > 2 && c.GetValue() >= 0xD800 && c.GetValue() <= 0xDFFF;
+  return c.GetValue() <= kLast && !isSurrogate;
+}
+
+/// UTF-8 that every reader accepts, whatever stands in the text: one stray character in a label
+/// must not make the whole written document unreadable.
+std::string CleanUtf8Of(wxString const &text) {
+  if (std::all_of(text.begin(), text.end(), IsCharacter)) return Utf8Of(text);
+  constexpr wxUint32 kReplacement = 0xFFFD;
+  wxString clean;
+  clean.reserve(text.length());
+  for (wxUniChar const c : text) clean += IsCharacter(c) ? c : wxUniChar(kReplacement);
+  return Utf8Of(clean);
+}
+
+/// A value fit to lie inside another one: an inside with references into it would have to be
+/// copied with every copy of the outside, and a node that shares its elements must hold none.
+wxJSONValue Enclosable(wxJSONValue &&value) {
+  bool const isExposed = (value.IsArray() && JsonAccess::Array(value).isExposed) ||
+                         (value.IsObject() && JsonAccess::Object(value).isExposed);
+  return isExposed ? wxJSONValue(std::as_const(value)) : wxJSONValue(std::move(value));
+}
+
 template <class Unsigned>
 std::int64_t Saturated(Unsigned value) {
   constexpr auto kMax = std::numeric_limits<std::int64_t>::max();
@@ -33,18 +59,28 @@ std::int64_t Truncated(double value) {
 
 JsonNode *NewNode(wxJSONType type) {
   switch (type) {
-    case wxJSONTYPE_STRING: return new JsonString;  // owned by the value, like those below
-    case wxJSONTYPE_ARRAY: return new JsonArray;    // owned
-    case wxJSONTYPE_OBJECT: return new JsonObject;  // owned
-    default: return nullptr;
+    case wxJSONTYPE_STRING:
+      return new JsonString;  // owned by the value, like those below
+    case wxJSONTYPE_ARRAY:
+      return new JsonArray;  // owned
+    case wxJSONTYPE_OBJECT:
+      return new JsonObject;  // owned
+    default:
+      return nullptr;
   }
 }
 
 void DeleteNode(wxJSONType type, JsonNode *node) {
   switch (type) {
-    case wxJSONTYPE_STRING: delete static_cast<JsonString *>(node); break;
-    case wxJSONTYPE_ARRAY: delete static_cast<JsonArray *>(node); break;
-    default: delete static_cast<JsonObject *>(node); break;
+    case wxJSONTYPE_STRING:
+      delete static_cast<JsonString *>(node);
+      break;
+    case wxJSONTYPE_ARRAY:
+      delete static_cast<JsonArray *>(node);
+      break;
+    default:
+      delete static_cast<JsonObject *>(node);
+      break;
   }
 }
 
@@ -72,12 +108,11 @@ wxJSONValue::wxJSONValue() noexcept : m_int(0) {}
 wxJSONValue::wxJSONValue(wxJSONType type) : m_type(type), m_int(0) {
   if (hasNode()) m_node = NewNode(type);
   if (type == wxJSONTYPE_DOUBLE) m_double = 0.0;
-  if (type == wxJSONTYPE_BOOL) m_bool = false;
 }
 
 wxJSONValue::wxJSONValue(wxJSONType type, JsonNode *node) noexcept : m_type(type), m_node(node) {}
 
-wxJSONValue::wxJSONValue(bool value) noexcept : m_type(wxJSONTYPE_BOOL), m_bool(value) {}
+wxJSONValue::wxJSONValue(bool value) noexcept : m_type(wxJSONTYPE_BOOL), m_int(value ? 1 : 0) {}
 wxJSONValue::wxJSONValue(int value) noexcept : m_type(wxJSONTYPE_INT), m_int(value) {}
 wxJSONValue::wxJSONValue(unsigned int value) noexcept : m_type(wxJSONTYPE_INT), m_int(value) {}
 wxJSONValue::wxJSONValue(long value) noexcept : m_type(wxJSONTYPE_INT), m_int(value) {}
@@ -89,13 +124,16 @@ wxJSONValue::wxJSONValue(unsigned long long value) noexcept
 wxJSONValue::wxJSONValue(double value) noexcept : m_type(wxJSONTYPE_DOUBLE), m_double(value) {}
 
 wxJSONValue::wxJSONValue(wxString const &value)
-    : wxJSONValue(JsonAccess::MakeString(Utf8Of(value))) {}
+    : wxJSONValue(JsonAccess::MakeString(CleanUtf8Of(value))) {}
 wxJSONValue::wxJSONValue(char const *utf8) : wxJSONValue(wxString::FromUTF8(utf8)) {}
 wxJSONValue::wxJSONValue(wchar_t const *text) : wxJSONValue(wxString(text)) {}
 
-wxJSONValue::wxJSONValue(wxJSONValue const &other) : m_int(0) { copyFrom(other); }
+wxJSONValue::wxJSONValue(wxJSONValue const &other) : m_int(0) {
+  copyFrom(other);
+}
 
-wxJSONValue::wxJSONValue(wxJSONValue &&other) noexcept : m_int(0) { *this = std::move(other); }
+wxJSONValue::wxJSONValue(wxJSONValue &&other) noexcept
+    : m_type(std::exchange(other.m_type, wxJSONTYPE_NULL)), m_int(std::exchange(other.m_int, 0)) {}
 
 wxJSONValue &wxJSONValue::operator=(wxJSONValue const &other) {
   // By way of a copy: `other` may lie inside this value.
@@ -105,19 +143,22 @@ wxJSONValue &wxJSONValue::operator=(wxJSONValue const &other) {
 
 wxJSONValue &wxJSONValue::operator=(wxJSONValue &&other) noexcept {
   if (this == &other) return *this;
-  wxJSONValue old(m_type, nullptr);
-  std::swap(old.m_int, m_int);
+  wxJSONValue const old(std::move(*this));  // destroyed last, as `other` may lie inside it
   m_type = std::exchange(other.m_type, wxJSONTYPE_NULL);
   m_int = std::exchange(other.m_int, 0);
   return *this;
 }
 
-wxJSONValue::~wxJSONValue() { release(); }
+wxJSONValue::~wxJSONValue() {
+  release();
+}
 
-bool wxJSONValue::hasNode() const noexcept { return m_type >= wxJSONTYPE_STRING; }
+bool wxJSONValue::hasNode() const noexcept {
+  return m_type >= wxJSONTYPE_STRING;
+}
 
 void wxJSONValue::release() noexcept {
-  if (!hasNode() || m_node == nullptr) return;
+  if (!hasNode()) return;
   if (m_node->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) DeleteNode(m_type, m_node);
 }
 
@@ -141,17 +182,9 @@ void wxJSONValue::copyFrom(wxJSONValue const &other) {
   }
 }
 
-wxJSONType wxJSONValue::GetType() const noexcept { return m_type; }
-bool wxJSONValue::IsValid() const noexcept { return m_type != wxJSONTYPE_INVALID; }
-bool wxJSONValue::IsNull() const noexcept { return m_type == wxJSONTYPE_NULL; }
-bool wxJSONValue::IsBool() const noexcept { return m_type == wxJSONTYPE_BOOL; }
-bool wxJSONValue::IsInt() const noexcept { return m_type == wxJSONTYPE_INT; }
-bool wxJSONValue::IsDouble() const noexcept { return m_type == wxJSONTYPE_DOUBLE; }
-bool wxJSONValue::IsString() const noexcept { return m_type == wxJSONTYPE_STRING; }
-bool wxJSONValue::IsArray() const noexcept { return m_type == wxJSONTYPE_ARRAY; }
-bool wxJSONValue::IsObject() const noexcept { return m_type == wxJSONTYPE_OBJECT; }
-
-bool wxJSONValue::AsBool() const noexcept { return IsBool() && m_bool; }
+bool wxJSONValue::AsBool() const noexcept {
+  return IsBool() && m_int != 0;
+}
 
 int wxJSONValue::AsInt() const noexcept {
   return static_cast<int>(std::clamp<std::int64_t>(AsInt64(), std::numeric_limits<int>::min(),
@@ -171,8 +204,7 @@ double wxJSONValue::AsDouble() const noexcept {
 wxString wxJSONValue::AsString() const {
   if (IsNull()) return "null";
   if (!IsString()) return wxString();
-  std::string const &utf8 = JsonAccess::String(*this).utf8;
-  return wxString::FromUTF8(utf8.data(), utf8.size());
+  return framenote::TextOf(JsonAccess::String(*this).utf8);
 }
 
 int wxJSONValue::Size() const noexcept {
@@ -183,14 +215,14 @@ int wxJSONValue::Size() const noexcept {
 }
 
 bool wxJSONValue::HasMember(wxString const &key) const {
-  return IsObject() && JsonAccess::Object(*this).Find(Utf8Of(key)) != JsonObject::kNowhere;
+  return IsObject() && JsonAccess::Object(*this).Find(CleanUtf8Of(key)) != JsonObject::kNowhere;
 }
 
 std::vector<wxString> wxJSONValue::GetMemberNames() const {
   std::vector<wxString> names;
   if (!IsObject()) return names;
   for (framenote::JsonMember const &member : JsonAccess::Object(*this).members) {
-    names.push_back(wxString::FromUTF8(member.key.data(), member.key.size()));
+    names.push_back(framenote::TextOf(member.key));
   }
   return names;
 }
@@ -199,7 +231,14 @@ wxJSONValue wxJSONValue::ItemAt(wxString const &key) const {
   return Get(key, wxJSONValue(wxJSONTYPE_INVALID));
 }
 
-wxJSONValue wxJSONValue::ItemAt(char const *key) const { return ItemAt(wxString::FromUTF8(key)); }
+// Stays clear of wxString: readers of documents ask by literals, some hundred thousand times.
+wxJSONValue wxJSONValue::ItemAt(char const *key) const {
+  if (!IsObject() || key == nullptr) return wxJSONValue(wxJSONTYPE_INVALID);
+  JsonObject const &object = JsonAccess::Object(*this);
+  std::size_t const found = object.Find(key);
+  return found == JsonObject::kNowhere ? wxJSONValue(wxJSONTYPE_INVALID)
+                                       : object.members[found].value;
+}
 
 wxJSONValue wxJSONValue::ItemAt(int index) const {
   if (!IsArray() || index < 0 || index >= Size()) return wxJSONValue(wxJSONTYPE_INVALID);
@@ -209,14 +248,14 @@ wxJSONValue wxJSONValue::ItemAt(int index) const {
 wxJSONValue wxJSONValue::Get(wxString const &key, wxJSONValue const &fallback) const {
   if (!IsObject()) return fallback;
   JsonObject const &object = JsonAccess::Object(*this);
-  std::size_t const found = object.Find(Utf8Of(key));
+  std::size_t const found = object.Find(CleanUtf8Of(key));
   return found == JsonObject::kNowhere ? fallback : object.members[found].value;
 }
 
 wxJSONValue &wxJSONValue::Item(wxString const &key) {
   JsonObject &object = JsonAccess::OwnObject(*this);
   object.isExposed = true;
-  return object.At(Utf8Of(key));
+  return object.At(CleanUtf8Of(key));
 }
 
 wxJSONValue &wxJSONValue::Item(int index) {
@@ -228,20 +267,26 @@ wxJSONValue &wxJSONValue::Item(int index) {
   return array.elements[at];
 }
 
-wxJSONValue &wxJSONValue::operator[](wxString const &key) { return Item(key); }
-wxJSONValue &wxJSONValue::operator[](char const *key) { return Item(wxString::FromUTF8(key)); }
-wxJSONValue &wxJSONValue::operator[](int index) { return Item(index); }
+wxJSONValue &wxJSONValue::operator[](wxString const &key) {
+  return Item(key);
+}
+wxJSONValue &wxJSONValue::operator[](char const *key) {
+  return Item(wxString::FromUTF8(key));
+}
+wxJSONValue &wxJSONValue::operator[](int index) {
+  return Item(index);
+}
 
 void wxJSONValue::Set(wxString const &key, wxJSONValue value) {
-  JsonAccess::OwnObject(*this).At(Utf8Of(key)) = std::move(value);
+  JsonAccess::OwnObject(*this).At(CleanUtf8Of(key)) = Enclosable(std::move(value));
 }
 
 void wxJSONValue::Append(wxJSONValue value) {
-  JsonAccess::OwnArray(*this).elements.push_back(std::move(value));
+  JsonAccess::OwnArray(*this).elements.push_back(Enclosable(std::move(value)));
 }
 
 bool wxJSONValue::Remove(wxString const &key) {
-  return HasMember(key) && JsonAccess::OwnObject(*this).Remove(Utf8Of(key));
+  return HasMember(key) && JsonAccess::OwnObject(*this).Remove(CleanUtf8Of(key));
 }
 
 bool wxJSONValue::Remove(int index) {
@@ -254,8 +299,9 @@ bool wxJSONValue::Remove(int index) {
 bool wxJSONValue::IsSameAs(wxJSONValue const &other) const {
   if (m_type != other.m_type) return false;
   switch (m_type) {
-    case wxJSONTYPE_BOOL: return m_bool == other.m_bool;
-    case wxJSONTYPE_INT: return m_int == other.m_int;
+    case wxJSONTYPE_BOOL:
+    case wxJSONTYPE_INT:
+      return m_int == other.m_int;
     case wxJSONTYPE_DOUBLE:
       return m_double == other.m_double || (std::isnan(m_double) && std::isnan(other.m_double));
     case wxJSONTYPE_STRING:
@@ -267,6 +313,7 @@ bool wxJSONValue::IsSameAs(wxJSONValue const &other) const {
     case wxJSONTYPE_OBJECT:
       return m_node == other.m_node ||
              SameObjects(JsonAccess::Object(*this), JsonAccess::Object(other));
-    default: return true;
+    default:
+      return true;
   }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include <wx/string.h>
@@ -34,9 +33,10 @@ enum wxJSONType {
 /// handed out (by the non-const `operator[]` or `Item`) is copied rather than shared, so that a
 /// write through the reference never reaches a copy.
 ///
-/// Members of an object keep the order in which they were first set. Nothing throws. Use a value
-/// from one thread at a time; copies may live on other threads. Values nested some ten thousand
-/// levels deep exhaust the stack when they are destroyed or compared; texts are read to 128 levels.
+/// Members of an object keep the order in which they were first set. Nothing throws. What is no
+/// Unicode text is kept with U+FFFD for each stray character. Use a value from one thread at a
+/// time; copies may live on other threads. Values nested some ten thousand levels deep exhaust the
+/// stack when they are destroyed, compared or written; texts are read to 128 levels.
 class FRAMENOTE_API wxJSONValue {
 public:
   /// A null value; valid.
@@ -53,6 +53,7 @@ public:
   wxJSONValue(unsigned long long value) noexcept;
   wxJSONValue(double value) noexcept;
   wxJSONValue(wxString const &value);
+  /// Bytes that are not UTF-8 give the empty string, and so does a null pointer.
   wxJSONValue(char const *utf8);
   wxJSONValue(wchar_t const *text);
   wxJSONValue(wxJSONValue const &other);
@@ -61,15 +62,15 @@ public:
   wxJSONValue &operator=(wxJSONValue &&other) noexcept;
   ~wxJSONValue();
 
-  wxJSONType GetType() const noexcept;
-  bool IsValid() const noexcept;
-  bool IsNull() const noexcept;
-  bool IsBool() const noexcept;
-  bool IsInt() const noexcept;
-  bool IsDouble() const noexcept;
-  bool IsString() const noexcept;
-  bool IsArray() const noexcept;
-  bool IsObject() const noexcept;
+  wxJSONType GetType() const noexcept { return m_type; }
+  bool IsValid() const noexcept { return m_type != wxJSONTYPE_INVALID; }
+  bool IsNull() const noexcept { return m_type == wxJSONTYPE_NULL; }
+  bool IsBool() const noexcept { return m_type == wxJSONTYPE_BOOL; }
+  bool IsInt() const noexcept { return m_type == wxJSONTYPE_INT; }
+  bool IsDouble() const noexcept { return m_type == wxJSONTYPE_DOUBLE; }
+  bool IsString() const noexcept { return m_type == wxJSONTYPE_STRING; }
+  bool IsArray() const noexcept { return m_type == wxJSONTYPE_ARRAY; }
+  bool IsObject() const noexcept { return m_type == wxJSONTYPE_OBJECT; }
 
   /// Numbers convert among themselves, saturating and truncating toward zero (NaN gives 0);
   /// a bool gives itself as a bool only; any other kind gives 0, 0.0, false.
@@ -104,7 +105,7 @@ public:
   wxJSONValue &operator[](int index);
 
   /// Sets one member without handing out a reference, so the value stays shareable. A value of
-  /// another kind first becomes an object.
+  /// another kind first becomes an object. Moving a value in ends the references into it.
   void Set(wxString const &key, wxJSONValue value);
   /// Appends to an array in O(1); a value of another kind first becomes an empty array.
   void Append(wxJSONValue value);
@@ -113,7 +114,8 @@ public:
   bool Remove(int index);
 
   /// Deep equality. An integer and a double are never the same; objects are the same whatever the
-  /// order of their members; NaN is the same as NaN. Shared nodes are equal without a visit.
+  /// order of their members; NaN is the same as NaN, 0.0 as -0.0. Shared nodes are equal without a
+  /// visit.
   bool IsSameAs(wxJSONValue const &other) const;
 
 private:
@@ -126,8 +128,7 @@ private:
 
   wxJSONType m_type = wxJSONTYPE_NULL;
   union {
-    bool m_bool;
-    std::int64_t m_int;
+    std::int64_t m_int;  // booleans too, as 0 and 1
     double m_double;
     framenote::JsonNode *m_node;  // counted; strings, arrays and objects
   };

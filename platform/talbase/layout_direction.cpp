@@ -15,4 +15,6 @@ bool TalHasRTLLayout() {
   return app != nullptr && app->GetLayoutDirection() == wxLayout_RightToLeft;
 }
 
-void TalSetLayoutDirection(wxLayoutDirection direction) { g_direction = direction; }
+void TalSetLayoutDirection(wxLayoutDirection direction) {
+  g_direction = direction;
+}

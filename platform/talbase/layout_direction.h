@@ -9,4 +9,5 @@
 FRAMENOTE_API bool TalHasRTLLayout();
 /// Says in which direction the interface runs: that of the catalogue's language, which the locale
 /// need not tell. wxLayout_Default asks the running application; without one it is left to right.
+/// Called on the GUI thread, before other threads ask.
 FRAMENOTE_API void TalSetLayoutDirection(wxLayoutDirection direction);

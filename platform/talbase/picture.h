@@ -18,7 +18,8 @@ public:
   /// `depth` is the number of bits of a channel as image kernels count it (8 for bytes). With null
   /// `data` the picture owns new pixels, all zero; else it works on the caller's, whose rows lie
   /// `step` bytes apart (0: no padding) and which must outlive it. A size or channel count that is
-  /// not positive, or a depth other than 8, gives an empty picture.
+  /// not positive, a depth other than 8, a step shorter than a row, or more than 2 GiB of pixels
+  /// give an empty picture.
   Image(wxSize const &size, int depth, int channels, void *data, int step);
 
   wxSize Size() const;
@@ -32,7 +33,7 @@ private:
   std::shared_ptr<IplImage> m_image;
 };
 
-/// A copy of the image's red, green and blue; an empty picture if it is invalid.
+/// A copy of the image's red, green and blue; an empty picture if it is invalid or too large.
 FRAMENOTE_API Image WxImageToImage(wxImage const &image);
 /// A copy of a picture of three 8-bit channels; an invalid image for anything else.
 FRAMENOTE_API wxImage IplImageToWxImage(IplImage const *picture);

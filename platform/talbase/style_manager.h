@@ -5,10 +5,13 @@
 
 #include "framenote/export.h"
 
-/// The one instance of a class, made at first use.
+/// The one instance of a class, made at first use. Exported, so that the library and its host meet
+/// the same one.
 template <class T>
-class Singleton {
+class FRAMENOTE_API Singleton {
 public:
+  Singleton() = delete;
+
   static T &Instance() {
     static T instance;
     return instance;

@@ -22,7 +22,7 @@ void AnnArrowProperties::initJSONVal() {
 }
 
 void AnnArrowProperties::initFromJSONVal() {
-  m_head = static_cast<Head>(framenote::ReadInt(m_jsonVal, headKey, m_head));
+  m_head = framenote::ReadEnum(m_jsonVal, headKey, m_head);
   m_color = framenote::ReadColour(m_jsonVal, colorKey, m_color);
   m_thickness = framenote::ReadInt(m_jsonVal, thicknessKey, m_thickness);
   initJSONVal();

@@ -24,10 +24,9 @@ void AnnHideProperties::initJSONVal() {
 }
 
 void AnnHideProperties::initFromJSONVal() {
-  m_effect = static_cast<Effect>(framenote::ReadInt(m_jsonVal, effectKey, m_effect));
+  m_effect = framenote::ReadEnum(m_jsonVal, effectKey, m_effect);
   m_strength = framenote::ReadInt(m_jsonVal, strengthKey, m_strength);
-  m_shape =
-      static_cast<AnnShapeProperties::Shape>(framenote::ReadInt(m_jsonVal, shapeKey, m_shape));
+  m_shape = framenote::ReadEnum(m_jsonVal, shapeKey, m_shape);
   m_borderColor = framenote::ReadSplitColour(m_jsonVal, borderColorKey, borderColorTransparentKey,
                                              m_borderColor);
   m_thickness = framenote::ReadInt(m_jsonVal, thicknessKey, m_thickness);

@@ -28,16 +28,15 @@ void AnnImageProperties::initFromJSONVal() {
       m_jsonVal.Get(fileNameKey, wxJSONValue(m_fileName.GetFullPath(wxPATH_NATIVE))).AsString();
   m_fileName = wxFileName(path, wxPATH_NATIVE);
   m_keepAspectRatio = framenote::ReadBool(m_jsonVal, keepAspectRatioKey, m_keepAspectRatio);
-  m_transparentColor = static_cast<TransparentColor>(
-      framenote::ReadInt(m_jsonVal, transparentColorKey, static_cast<int>(m_transparentColor)));
+  m_transparentColor = framenote::ReadEnum(m_jsonVal, transparentColorKey, m_transparentColor);
   // A missing key stays missing here, unlike in the other records, until a setter writes it.
 }
 
 wxColour AnnImageProperties::GetTransparentWxColour() const {
   switch (m_transparentColor) {
-    case TransparentColor::White:
+    case White:
       return *wxWHITE;
-    case TransparentColor::Black:
+    case Black:
       return *wxBLACK;
     default:
       return wxNullColour;

@@ -9,7 +9,7 @@
 /// The look of a pasted picture.
 class FRAMENOTE_API AnnImageProperties : public IAnnotationProperties {
 public:
-  enum class TransparentColor : int { None = 0, White = 1, Black = 2 };
+  enum TransparentColor : int { None = 0, White = 1, Black = 2 };
 
   AnnImageProperties();
   explicit AnnImageProperties(wxJSONValue const &json);
@@ -40,5 +40,5 @@ private:
 
   wxFileName m_fileName = wxFileName();
   bool m_keepAspectRatio = true;
-  TransparentColor m_transparentColor = TransparentColor::None;
+  TransparentColor m_transparentColor = None;
 };

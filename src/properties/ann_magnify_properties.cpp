@@ -29,13 +29,10 @@ void AnnMagnifyProperties::initFromJSONVal() {
   wxJSONValue const zoom = m_jsonVal.Get(zoomKey, m_zoom);
   m_zoom = zoom.IsDouble() ? zoom.AsDouble() : zoom.AsInt();
   m_fixedSourceSize = framenote::ReadBool(m_jsonVal, fixedSourceSizeKey, m_fixedSourceSize);
-  m_zoomMethod =
-      static_cast<wxImageResizeQuality>(framenote::ReadInt(m_jsonVal, zoomMethodKey, m_zoomMethod));
-  m_shape =
-      static_cast<AnnShapeProperties::Shape>(framenote::ReadInt(m_jsonVal, shapeKey, m_shape));
+  m_zoomMethod = framenote::ReadInt(m_jsonVal, zoomMethodKey, m_zoomMethod);
+  m_shape = framenote::ReadEnum(m_jsonVal, shapeKey, m_shape);
   m_borderColor = framenote::ReadColour(m_jsonVal, borderColorKey, m_borderColor);
-  m_borderType =
-      static_cast<BorderType>(framenote::ReadInt(m_jsonVal, borderTypeKey, m_borderType));
+  m_borderType = framenote::ReadEnum(m_jsonVal, borderTypeKey, m_borderType);
   m_thickness = framenote::ReadInt(m_jsonVal, thicknessKey, m_thickness);
   initJSONVal();
 }
@@ -84,7 +81,7 @@ void AnnMagnifyProperties::setJSONFixedSourceSize() {
 }
 
 void AnnMagnifyProperties::setJSONValZoomMethod() {
-  m_jsonVal.Set(zoomMethodKey, static_cast<int>(m_zoomMethod));
+  m_jsonVal.Set(zoomMethodKey, m_zoomMethod);
 }
 
 void AnnMagnifyProperties::setJSONValShape() {

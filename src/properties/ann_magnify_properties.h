@@ -27,7 +27,9 @@ public:
 
   double GetZoom() const { return m_zoom; }
   bool GetFixedSourceSize() const { return m_fixedSourceSize; }
-  wxImageResizeQuality GetZoomMethod() const { return m_zoomMethod; }
+  wxImageResizeQuality GetZoomMethod() const {
+    return static_cast<wxImageResizeQuality>(m_zoomMethod);
+  }
   AnnShapeProperties::Shape GetShape() const { return m_shape; }
   wxColour GetBorderColor() const { return m_borderColor; }
   BorderType GetBorderType() const { return m_borderType; }
@@ -67,7 +69,9 @@ private:
 
   double m_zoom = 2.0;
   bool m_fixedSourceSize = true;
-  wxImageResizeQuality m_zoomMethod = wxIMAGE_QUALITY_NEAREST;
+  // A wxImageResizeQuality, kept as a number: that enumeration's underlying type is not fixed, so
+  // it cannot hold every number that a document may bring.
+  int m_zoomMethod = wxIMAGE_QUALITY_NEAREST;
   AnnShapeProperties::Shape m_shape = AnnShapeProperties::Rectangle;
   wxColour m_borderColor = *wxRED;
   BorderType m_borderType = Transparent;

@@ -23,7 +23,7 @@ void AnnShapeProperties::initJSONVal() {
 }
 
 void AnnShapeProperties::initFromJSONVal() {
-  m_shape = static_cast<Shape>(framenote::ReadInt(m_jsonVal, shapeKey, m_shape));
+  m_shape = framenote::ReadEnum(m_jsonVal, shapeKey, m_shape);
   m_borderColor = framenote::ReadSplitColour(m_jsonVal, borderColorKey, borderColorTransparentKey,
                                              m_borderColor);
   m_fillColor =

@@ -29,10 +29,9 @@ void AnnTextProperties::initFromJSONVal() {
   m_fontColor = framenote::ReadColour(m_jsonVal, fontColorKey, m_fontColor);
   m_backgroundColor = framenote::ReadSplitColour(m_jsonVal, backgroundColorKey,
                                                  backgroundColorTransparentKey, m_backgroundColor);
-  m_horizontalAlignment = static_cast<HorizontalAlignment>(
-      framenote::ReadInt(m_jsonVal, horizontalAlignmentKey, m_horizontalAlignment));
-  m_verticalAlignment = static_cast<VerticalAlignment>(
-      framenote::ReadInt(m_jsonVal, verticalAlignmentKey, m_verticalAlignment));
+  m_horizontalAlignment =
+      framenote::ReadEnum(m_jsonVal, horizontalAlignmentKey, m_horizontalAlignment);
+  m_verticalAlignment = framenote::ReadEnum(m_jsonVal, verticalAlignmentKey, m_verticalAlignment);
   initJSONVal();
 }
 

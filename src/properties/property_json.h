@@ -12,6 +12,12 @@ namespace framenote {
 int ReadInt(wxJSONValue const &json, char const *key, int fallback);
 bool ReadBool(wxJSONValue const &json, char const *key, bool fallback);
 
+/// An enumeration as its number, unchecked. Its underlying type is fixed, so that it can hold any.
+template <class Enum>
+Enum ReadEnum(wxJSONValue const &json, char const *key, Enum fallback) {
+  return static_cast<Enum>(ReadInt(json, key, fallback));
+}
+
 /// A colour as one text, alpha included.
 void WriteColour(wxJSONValue &json, char const *key, wxColour const &colour);
 wxColour ReadColour(wxJSONValue const &json, char const *key, wxColour const &fallback);

@@ -57,15 +57,19 @@ wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t f
   wxPoint2DDouble const offset(extended ? -std::min(m_annotationArea.x, 0) : 0,
                                extended ? -std::min(m_annotationArea.y, 0) : 0);
   wxSize const size = extended ? GetAnnotationArea().GetSize() : frame.GetSize();
-  wxBitmap bitmap(size);
+  // A frame that covers every pixel is painted on as it is; else it is laid on the background.
+  bool const covers = !extended && !frame.HasAlpha() && !frame.HasMask();
+  wxBitmap bitmap = covers ? wxBitmap(frame, -1, 1.0) : wxBitmap(size);
   wxMemoryDC dc(bitmap);
-  dc.SetBackground(wxBrush(m_extensionColor, wxBRUSHSTYLE_SOLID));
-  dc.Clear();
   {
     auto const type = m_config.renderWithDeviceContext ? IAnnPainter::DeviceContext
                                                        : IAnnPainter::GraphicsContext;
+    if (!covers) {
+      dc.SetBackground(wxBrush(m_extensionColor, wxBRUSHSTYLE_SOLID));
+      dc.Clear();
+    }
     std::unique_ptr<IAnnPainter> painter = IAnnPainter::CreateAnnPainter(type, dc, &dc, 1.0);
-    painter->DrawBitmap(offset, wxBitmap(frame, -1, 1.0));
+    if (!covers) painter->DrawBitmap(offset, wxBitmap(frame, -1, 1.0));
     drawObjectsOfFrame(painter, frameIndex, offset + wxPoint2DDouble(kHalfPixel, kHalfPixel));
   }
   dc.SelectObject(wxNullBitmap);

@@ -170,7 +170,7 @@ TEST(AnnArrowStore, CallbackWorksOutTheDerivedPoints) {
 
 TEST(AnnArrowStore, HugeEndsAreBroughtWithinThePixels) {
   AnnArrowCoordinates const store(
-      ArrayOf({ArrowRun(Pair(1e300, -5000000000000), Pair(INT_MIN, "x"))}), 2, nullptr);
+      ArrayOf({ArrowRun(Pair(1e300, -5000000000000), Pair(INT_MIN, 7))}), 2, nullptr);
   EXPECT_EQ(store.Coords().m_head, wxPoint2DInt(268435456, -268435456));
   EXPECT_EQ(store.Coords().m_tail.m_x, -268435456);
 }
