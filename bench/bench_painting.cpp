@@ -26,8 +26,8 @@ namespace {
 constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 constexpr int kStrokePoints = 500;
-constexpr double kBorder = 5.0;      ///< the default border of a shape
-constexpr double kLine = 3.0;        ///< the default width of arrows and strokes
+constexpr double kBorder = 5.0;              ///< the default border of a shape
+constexpr double kLine = 3.0;                ///< the default width of arrows and strokes
 constexpr double kArc = 0.5522847498307933;  ///< control points of a quarter circle
 
 struct Scene {
@@ -60,8 +60,8 @@ Scene MakeScene(int count) {
 }
 
 std::shared_ptr<AnnotationTool> MakeTool() {
-  auto tool = std::make_shared<AnnotationTool>(
-      AnnotationToolConfig(false, false, true, true, false, {}));
+  auto tool =
+      std::make_shared<AnnotationTool>(AnnotationToolConfig(false, false, true, true, false, {}));
   tool->UpdateMediaInfo({0, 1, false});
   return tool;
 }
@@ -225,7 +225,9 @@ void PaintStrokes(benchmark::State &state) {
   PaintScene(state, scene);
 }
 
-void PaintAllKinds(benchmark::State &state) { PaintScene(state, MakeScene(1000)); }
+void PaintAllKinds(benchmark::State &state) {
+  PaintScene(state, MakeScene(1000));
+}
 
 wxJSONValue DocumentOf(Objects const &objects) {
   wxJSONValue elements(wxJSONTYPE_ARRAY);
@@ -250,7 +252,9 @@ void BurnInFrame(benchmark::State &state) {
   RawSurface raw;
   framenote::bench::SideBySide(
       state,
-      [&] { benchmark::DoNotOptimize(tool->GetAnnotatedFrame(frame, {0, 1, false}, {})); },
+      [&] {
+        benchmark::DoNotOptimize(tool->GetAnnotatedFrame(frame, {0, 1, false}, {}));
+      },
       [&] {
         wxBitmap bitmap(frame.GetSize());
         wxMemoryDC dc(bitmap);

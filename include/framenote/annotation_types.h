@@ -37,7 +37,7 @@ enum class GoToObjectDirection : int { Previous = 0, Next = 1 };
 struct AnnotationMediaInfo {
   std::int64_t frameIndex = 0;  ///< the current frame, from 0
   std::int64_t frameCount = 0;  ///< frames in the media; 1 or less means a still picture
-  bool isPlaying = false;  ///< while true, no area, document or event is worked out per frame
+  bool isPlaying = false;       ///< while true, no area, document or event is worked out per frame
 
   bool IsVideo() const { return frameCount > 1; }
   std::int64_t GetFrameCount() const { return frameCount; }

@@ -2,7 +2,9 @@
 #include "talbase/json_conversions.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstddef>
 
 #include <wx/arrstr.h>
 
@@ -54,6 +56,14 @@ long HexValue(wxString const &digits) {
                                  [](wxUniChar c) { return c.IsAscii() && wxIsxdigit(c); });
   long value = 0;
   return isHex && digits.ToLong(&value, 16) ? value : -1;
+}
+
+/// With all its digits and no exponent: the toolkit keeps 1024ths of a point.
+wxString SizeText(double points) {
+  char buffer[400];  // more than any double takes
+  auto const end =
+      std::to_chars(buffer, buffer + sizeof buffer, points, std::chars_format::fixed).ptr;
+  return wxString::FromAscii(buffer, static_cast<std::size_t>(end - buffer));
 }
 
 wxString StyleName(wxFontStyle style) {
@@ -163,7 +173,7 @@ wxColour FromString<wxColour>(wxString const &text) {
 template <>
 wxString ToString<wxFont>(wxFont const &font) {
   if (!font.IsOk()) return wxString();
-  return wxString::Format("%s;%s;%d;%d;%d;%s", wxString::FromCDouble(font.GetFractionalPointSize()),
+  return wxString::Format("%s;%s;%d;%d;%d;%s", SizeText(font.GetFractionalPointSize()),
                           StyleName(font.GetStyle()), font.GetNumericWeight(),
                           font.GetUnderlined() ? 1 : 0, font.GetStrikethrough() ? 1 : 0,
                           font.GetFaceName());

@@ -99,7 +99,9 @@ wxJSONValue JsonAccess::MakeString(std::string utf8) {
   return wxJSONValue(wxJSONTYPE_STRING, node);
 }
 
-std::string Utf8Of(wxString const &text) { return text.utf8_string(); }
+std::string Utf8Of(wxString const &text) {
+  return text.utf8_string();
+}
 
 wxString TextOf(std::string const &utf8) {
   if (utf8.empty() || !IsAscii(utf8)) return wxString::FromUTF8(utf8.data(), utf8.size());

@@ -188,11 +188,15 @@ wxString JsonToText(wxJSONValue const &value) {
 }
 
 wxJSONValue JsonFromUtf8(std::string_view utf8) {
+  // To the parser a zero byte is the end of the text, whatever stands behind it.
+  bool const isWhole = utf8.find('\0') == std::string_view::npos;
   Builder builder;
-  bool const parsed = nlohmann::json::sax_parse(utf8.begin(), utf8.end(), &builder);
-  return parsed ? builder.TakeRoot() : wxJSONValue(wxJSONTYPE_INVALID);
+  bool const isParsed = isWhole && nlohmann::json::sax_parse(utf8.begin(), utf8.end(), &builder);
+  return isParsed ? builder.TakeRoot() : wxJSONValue(wxJSONTYPE_INVALID);
 }
 
 wxJSONValue JsonFromText(wxString const &text) {
-  return JsonFromUtf8(framenote::Utf8Of(text));
+  // A string value has rid the text of what is no Unicode.
+  wxJSONValue const clean(text);
+  return JsonFromUtf8(framenote::JsonAccess::String(clean).utf8);
 }

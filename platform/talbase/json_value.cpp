@@ -62,9 +62,9 @@ JsonNode *NewNode(wxJSONType type) {
     case wxJSONTYPE_STRING:
       return new JsonString;  // owned by the value, like those below
     case wxJSONTYPE_ARRAY:
-      return new JsonArray;  // owned
+      return new JsonArray;  // owned by the value
     case wxJSONTYPE_OBJECT:
-      return new JsonObject;  // owned
+      return new JsonObject;  // owned by the value
     default:
       return nullptr;
   }

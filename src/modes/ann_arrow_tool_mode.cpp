@@ -8,7 +8,9 @@
 AnnArrowToolMode::AnnArrowToolMode(Types modeId, AnnotationTool *tool)
     : IAnnotationToolMode(modeId, tool), m_properties(std::make_shared<AnnArrowProperties>()) {}
 
-void AnnArrowToolMode::ApplyProperties() { applyPropertiesToSelected(true); }
+void AnnArrowToolMode::ApplyProperties() {
+  applyPropertiesToSelected(true);
+}
 
 void AnnArrowToolMode::OnMouseDrawing(wxMouseEvent const &event) {
   if (event.GetEventType() != wxEVT_LEFT_UP) return;

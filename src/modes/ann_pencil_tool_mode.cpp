@@ -8,9 +8,13 @@
 AnnPencilToolMode::AnnPencilToolMode(Types modeId, AnnotationTool *tool)
     : IAnnotationToolMode(modeId, tool), m_properties(std::make_shared<AnnPencilProperties>()) {}
 
-void AnnPencilToolMode::ApplyProperties() { applyPropertiesToSelected(true); }
+void AnnPencilToolMode::ApplyProperties() {
+  applyPropertiesToSelected(true);
+}
 
-void AnnPencilToolMode::DiscardDrawing() { m_points.clear(); }
+void AnnPencilToolMode::DiscardDrawing() {
+  m_points.clear();
+}
 
 void AnnPencilToolMode::OnMouseDrawing(wxMouseEvent const &event) {
   if (m_points.empty()) m_points.assign(1, m_tool->m_pressPosition);

@@ -11,7 +11,9 @@
 
 namespace {
 
-bool IsVisible(wxColour const &colour) { return colour.IsOk() && colour.Alpha() != 0; }
+bool IsVisible(wxColour const &colour) {
+  return colour.IsOk() && colour.Alpha() != 0;
+}
 
 /// Whether a border of `thickness` leaves an inside.
 bool HasRoom(wxRect const &rect, int thickness) {
@@ -30,9 +32,13 @@ AnnShapeToolMode::AnnShapeToolMode(Types modeId, AnnotationTool *tool)
       m_properties(std::make_shared<AnnShapeProperties>()),
       m_minimalSize(5, 5) {}
 
-void AnnShapeToolMode::ApplyProperties() { applyPropertiesToSelected(false); }
+void AnnShapeToolMode::ApplyProperties() {
+  applyPropertiesToSelected(false);
+}
 
-void AnnShapeToolMode::DiscardDrawing() { m_rect = wxRect(); }
+void AnnShapeToolMode::DiscardDrawing() {
+  m_rect = wxRect();
+}
 
 wxRect AnnShapeToolMode::rectOfDrag(wxMouseEvent const &event) const {
   return AnnShape::GetRectOrSquare(ToPoint(m_tool->m_pressPosition),
@@ -76,24 +82,29 @@ void AnnShapeToolMode::OnMouseAtRotationPoint(wxMouseEvent const &event) {
   onShapeMouseAtRotationPoint(event);
 }
 
-void AnnShapeToolMode::OnMouseRotating(wxMouseEvent const &event) { onShapeMouseRotating(event); }
+void AnnShapeToolMode::OnMouseRotating(wxMouseEvent const &event) {
+  onShapeMouseRotating(event);
+}
 
 void AnnShapeToolMode::DrawPreview(std::unique_ptr<IAnnPainter> &painter,
                                    wxPoint2DDouble const &offset) {
   if (!painter || !isDrawing() || m_rect == wxRect()) return;
   wxRect const rect = onSurface(painter, offset);
   switch (m_properties->GetShape()) {
-    case AnnShapeProperties::Rectangle: previewRectangle(*painter, rect); break;
-    case AnnShapeProperties::Ellipse: previewEllipse(*painter, rect); break;
+    case AnnShapeProperties::Rectangle:
+      previewRectangle(*painter, rect);
+      break;
+    case AnnShapeProperties::Ellipse:
+      previewEllipse(*painter, rect);
+      break;
   }
 }
 
 wxRect AnnShapeToolMode::onSurface(std::unique_ptr<IAnnPainter> const &painter,
                                    wxPoint2DDouble const &offset) const {
   wxPoint2DDouble const shift = framenote::PaintingOffset(painter, offset);
-  return wxRect(
-      IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetTopLeft()) + shift),
-      IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetBottomRight()) + shift));
+  return wxRect(IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetTopLeft()) + shift),
+                IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetBottomRight()) + shift));
 }
 
 void AnnShapeToolMode::previewRectangle(IAnnPainter &painter, wxRect const &rect) const {

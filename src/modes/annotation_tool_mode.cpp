@@ -16,7 +16,9 @@ IAnnotationToolMode::~IAnnotationToolMode() = default;
 
 void IAnnotationToolMode::FinishEditing() {}
 
-bool IAnnotationToolMode::IsEditing() const { return false; }
+bool IAnnotationToolMode::IsEditing() const {
+  return false;
+}
 
 void IAnnotationToolMode::DiscardDrawing() {}
 
@@ -134,7 +136,9 @@ int IAnnotationToolMode::GetToolCurrentFrame() const {
   return static_cast<int>(m_tool->m_mediaInfo.frameIndex);
 }
 
-double IAnnotationToolMode::GetToolScale() const { return m_tool->m_scale; }
+double IAnnotationToolMode::GetToolScale() const {
+  return m_tool->m_scale;
+}
 
 void IAnnotationToolMode::NotifyObjectSelected(bool isNew) {
   m_tool->OnObjectSelected(isNew);
@@ -153,7 +157,9 @@ IAnnotationObject *IAnnotationToolMode::selectedObject() const {
   return m_tool->hasSelection() ? *m_tool->m_selected : nullptr;
 }
 
-bool IAnnotationToolMode::isDrawing() const { return m_tool->m_state == ToolState::Drawing; }
+bool IAnnotationToolMode::isDrawing() const {
+  return m_tool->m_state == ToolState::Drawing;
+}
 
 void IAnnotationToolMode::finishDrawing(std::unique_ptr<IAnnotationObject> object) {
   InsertPastedObject(std::move(object));

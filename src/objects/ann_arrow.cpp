@@ -48,7 +48,9 @@ void AnnArrow::initFromJSONVal() {}
 
 void AnnArrow::PrepareResizing() {}
 
-bool AnnArrow::IsAtRotationPoint(wxPoint2DInt const &) { return false; }
+bool AnnArrow::IsAtRotationPoint(wxPoint2DInt const &) {
+  return false;
+}
 
 void AnnArrow::FindHead(AnnArrowPoints &record) const {
   framenote::FindArrowHead(record, m_properties);
@@ -169,7 +171,9 @@ bool AnnArrow::WouldDisappear() const {
   return !record || record->m_head == record->m_tail;
 }
 
-wxColour AnnArrow::GetDominantColor() { return m_properties.GetColor(); }
+wxColour AnnArrow::GetDominantColor() {
+  return m_properties.GetColor();
+}
 
 wxPoint2DInt AnnArrow::GetPastePoint() {
   std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());

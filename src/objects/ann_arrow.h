@@ -12,9 +12,9 @@ class AnnArrowToolMode;
 
 /// A straight arrow between two points, with a resize handle at each end: 9 at the head, 10 at the
 /// tail. Body and head are derived from the ends and the look.
-class FRAMENOTE_API AnnArrow : public framenote::RecordedObject<AnnArrow, AnnArrowToolMode,
-                                                                AnnArrowProperties,
-                                                                AnnArrowCoordinates> {
+class FRAMENOTE_API AnnArrow
+    : public framenote::RecordedObject<AnnArrow, AnnArrowToolMode, AnnArrowProperties,
+                                       AnnArrowCoordinates> {
 public:
   AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxPoint2DInt const &head,
            wxPoint2DInt const &tail, std::int64_t frame);

@@ -15,7 +15,9 @@ template class framenote::RecordedObject<AnnPencil, AnnPencilToolMode, AnnPencil
 
 namespace {
 
-wxPoint ToPixel(wxPoint2DInt const &point) { return {point.m_x, point.m_y}; }
+wxPoint ToPixel(wxPoint2DInt const &point) {
+  return {point.m_x, point.m_y};
+}
 
 std::vector<wxPoint2DInt> Clamped(std::vector<wxPoint2DInt> points) {
   for (wxPoint2DInt &point : points) point = framenote::ClampToPixels(point);
@@ -55,13 +57,12 @@ AnnPencil::AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode,
 }
 
 AnnPencil::AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode, wxJSONValue const &json)
-    : RecordedObject(mode, json,
-                     [&](std::int64_t frameCount, AnnPencilProperties const &) {
-                       auto const diffs =
-                           FromJson<std::vector<wxPoint2DInt>>(json.ItemAt(pathDiffsKey));
-                       return AnnPencilCoordinates(json.ItemAt(coordinatesKey), frameCount,
-                                                   Clamped(diffs));
-                     }),
+    : RecordedObject(
+          mode, json,
+          [&](std::int64_t frameCount, AnnPencilProperties const &) {
+            auto const diffs = FromJson<std::vector<wxPoint2DInt>>(json.ItemAt(pathDiffsKey));
+            return AnnPencilCoordinates(json.ItemAt(coordinatesKey), frameCount, Clamped(diffs));
+          }),
       m_pathDiffs(Clamped(FromJson<std::vector<wxPoint2DInt>>(json.ItemAt(pathDiffsKey)))) {}
 
 AnnPencil::AnnPencil(AnnPencil const &other) = default;
@@ -76,13 +77,21 @@ void AnnPencil::initFromJSONVal() {}
 
 void AnnPencil::PrepareResizing() {}
 
-bool AnnPencil::IsAtResizePoint(wxPoint2DInt const &, wxStockCursor &) { return false; }
+bool AnnPencil::IsAtResizePoint(wxPoint2DInt const &, wxStockCursor &) {
+  return false;
+}
 
-bool AnnPencil::IsAtRotationPoint(wxPoint2DInt const &) { return false; }
+bool AnnPencil::IsAtRotationPoint(wxPoint2DInt const &) {
+  return false;
+}
 
-bool AnnPencil::WouldDisappear() const { return false; }
+bool AnnPencil::WouldDisappear() const {
+  return false;
+}
 
-wxColour AnnPencil::GetDominantColor() { return m_properties.GetColor(); }
+wxColour AnnPencil::GetDominantColor() {
+  return m_properties.GetColor();
+}
 
 std::vector<wxPoint2DDouble> AnnPencil::GetPath(AnnPencilPoints const &record,
                                                 wxPoint2DDouble const &offset) const {
@@ -145,23 +154,23 @@ void AnnPencil::findContainingRect() {
     wxRect form;
     wxPoint start;
     bool isFirst = true;
-    m_coordinates.ForEachRun(
-        m_startFrame, m_endFrame,
-        [&](std::int64_t, std::int64_t, AnnPencilPoints const &record) {
-          if (record.m_path.empty()) return;
-          wxPoint const first = ToPixel(record.m_path.front());
-          if (isFirst) {
-            form = wxRect(first, first);
-            for (wxPoint2DInt const &p : record.m_path) form = form + wxRect(first, ToPixel(p));
-            bounds = form;
-            start = first;
-            isFirst = false;
-            return;
-          }
-          wxRect shifted = form;
-          shifted.Offset(first - start);
-          bounds = bounds + shifted;
-        });
+    m_coordinates.ForEachRun(m_startFrame, m_endFrame,
+                             [&](std::int64_t, std::int64_t, AnnPencilPoints const &record) {
+                               if (record.m_path.empty()) return;
+                               wxPoint const first = ToPixel(record.m_path.front());
+                               if (isFirst) {
+                                 form = wxRect(first, first);
+                                 for (wxPoint2DInt const &p : record.m_path)
+                                   form = form + wxRect(first, ToPixel(p));
+                                 bounds = form;
+                                 start = first;
+                                 isFirst = false;
+                                 return;
+                               }
+                               wxRect shifted = form;
+                               shifted.Offset(first - start);
+                               bounds = bounds + shifted;
+                             });
   }
   int const thickness = framenote::UsableThickness(m_properties.GetThickness());
   int const margin = std::max(static_cast<int>(std::ceil(thickness * 0.5)), 1);

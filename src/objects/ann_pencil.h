@@ -10,15 +10,15 @@
 
 class AnnPencilToolMode;
 
-/// A freehand stroke. Its form never changes, only its place does: the document holds the form once,
-/// as offsets from the first point, and a start point per run of frames.
-class FRAMENOTE_API AnnPencil : public framenote::RecordedObject<AnnPencil, AnnPencilToolMode,
-                                                                 AnnPencilProperties,
-                                                                 AnnPencilCoordinates> {
+/// A freehand stroke. Its form never changes, only its place does: the document holds the form
+/// once, as offsets from the first point, and a start point per run of frames.
+class FRAMENOTE_API AnnPencil
+    : public framenote::RecordedObject<AnnPencil, AnnPencilToolMode, AnnPencilProperties,
+                                       AnnPencilCoordinates> {
 public:
   /// REQUIRES: at least two points.
-  AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode,
-            std::vector<wxPoint2DInt> const &points, std::int64_t frame);
+  AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode, std::vector<wxPoint2DInt> const &points,
+            std::int64_t frame);
   /// REQUIRES: IsJSONValid(json).
   AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode, wxJSONValue const &json);
   AnnPencil(AnnPencil const &other);

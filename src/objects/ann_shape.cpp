@@ -24,12 +24,14 @@ constexpr std::array<wxPoint2DDouble AnnShapePoints::*, 8> kHandlePoints = {
     &AnnShapePoints::m_bottomRight, &AnnShapePoints::m_bottomResizePoint,
     &AnnShapePoints::m_bottomLeft,  &AnnShapePoints::m_leftResizePoint};
 
-bool IsVisible(wxColour const &colour) { return colour.IsOk() && colour.Alpha() != 0; }
+bool IsVisible(wxColour const &colour) {
+  return colour.IsOk() && colour.Alpha() != 0;
+}
 
 }  // namespace
 
-const std::vector<wxStockCursor> AnnShape::m_resizeCursors = {
-    wxCURSOR_SIZENWSE, wxCURSOR_SIZENS, wxCURSOR_SIZENESW, wxCURSOR_SIZEWE};
+const std::vector<wxStockCursor> AnnShape::m_resizeCursors = {wxCURSOR_SIZENWSE, wxCURSOR_SIZENS,
+                                                              wxCURSOR_SIZENESW, wxCURSOR_SIZEWE};
 
 AnnShape::AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxRect const &rect,
                    std::int64_t frame)
@@ -60,13 +62,14 @@ AnnShape::AnnShape(AnnShape const &other) = default;
 AnnShape::~AnnShape() = default;
 
 bool AnnShape::IsJSONValid(wxJSONValue const &json) {
-  return json.IsValid() && json.HasMember(coordinatesKey) &&
-         json.ItemAt(coordinatesKey).IsValid();
+  return json.IsValid() && json.HasMember(coordinatesKey) && json.ItemAt(coordinatesKey).IsValid();
 }
 
 void AnnShape::initFromJSONVal() {}
 
-std::mutex &AnnShape::GetCoordinatesMutex() const { return m_coordinates.GetMutex(); }
+std::mutex &AnnShape::GetCoordinatesMutex() const {
+  return m_coordinates.GetMutex();
+}
 
 bool AnnShape::IsAtResizePoint(wxPoint2DInt const &point, wxStockCursor &cursor) {
   m_activeHandle = 0;
@@ -101,8 +104,10 @@ bool AnnShape::Contains(wxPoint2DInt const &point) const {
   wxPoint const pixel(point.m_x, point.m_y);
   if (IsPoint(*record)) return pixel == GetRounded(record->m_topLeft);
   switch (m_properties.GetShape()) {
-    case AnnShapeProperties::Rectangle: return rectangleContains(*record, pixel);
-    case AnnShapeProperties::Ellipse: return ellipseContains(*record, pixel);
+    case AnnShapeProperties::Rectangle:
+      return rectangleContains(*record, pixel);
+    case AnnShapeProperties::Ellipse:
+      return ellipseContains(*record, pixel);
   }
   return false;
 }
@@ -120,10 +125,9 @@ bool AnnShape::rectangleContains(AnnShapePoints const &record, wxPoint const &po
   }
   if (!isHollow(record)) return true;
   auto const inner = RoundToPixels(GetInnerCorners(record, {0.0, 0.0}));
-  double const around = TriangleArea(inner[0], inner[1], point) +
-                        TriangleArea(inner[1], inner[2], point) +
-                        TriangleArea(inner[2], inner[3], point) +
-                        TriangleArea(inner[3], inner[0], point);
+  double const around =
+      TriangleArea(inner[0], inner[1], point) + TriangleArea(inner[1], inner[2], point) +
+      TriangleArea(inner[2], inner[3], point) + TriangleArea(inner[3], inner[0], point);
   return framenote::QuadrilateralArea(inner[0], inner[1], inner[2], inner[3]) < around;
 }
 

@@ -17,9 +17,9 @@ class AnnShapeToolMode;
 /// shape. Handles are numbered 1 to 8 in the same direction, from the top left corner; corners are
 /// odd and sides even. Operations that take a record work on that record; the others lock the
 /// store and work on the record of the current frame.
-class FRAMENOTE_API AnnShape : public framenote::RecordedObject<AnnShape, AnnShapeToolMode,
-                                                                AnnShapeProperties,
-                                                                AnnShapeCoordinates> {
+class FRAMENOTE_API AnnShape
+    : public framenote::RecordedObject<AnnShape, AnnShapeToolMode, AnnShapeProperties,
+                                       AnnShapeCoordinates> {
 public:
   AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxRect const &rect, std::int64_t frame);
   /// REQUIRES: IsJSONValid(json).

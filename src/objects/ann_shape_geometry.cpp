@@ -7,11 +7,17 @@
 #include "objects/recorded_object_impl.h"
 #include "objects/shape_geometry.h"
 
-bool AnnShape::IsPoint(AnnShapePoints const &record) const { return framenote::IsPoint(record); }
+bool AnnShape::IsPoint(AnnShapePoints const &record) const {
+  return framenote::IsPoint(record);
+}
 
-bool AnnShape::IsXLine(AnnShapePoints const &record) const { return framenote::IsXLine(record); }
+bool AnnShape::IsXLine(AnnShapePoints const &record) const {
+  return framenote::IsXLine(record);
+}
 
-bool AnnShape::IsYLine(AnnShapePoints const &record) const { return framenote::IsYLine(record); }
+bool AnnShape::IsYLine(AnnShapePoints const &record) const {
+  return framenote::IsYLine(record);
+}
 
 bool AnnShape::IsLine(AnnShapePoints const &record) const {
   return IsXLine(record) || IsYLine(record);
@@ -32,7 +38,9 @@ bool AnnShape::IsFillCoveredByBorder(AnnShapePoints const &record) const {
   return framenote::IsFillCoveredByBorder(record, m_properties.GetThickness());
 }
 
-wxSize AnnShape::GetSize(AnnShapePoints const &record) const { return framenote::GetSize(record); }
+wxSize AnnShape::GetSize(AnnShapePoints const &record) const {
+  return framenote::GetSize(record);
+}
 
 std::vector<wxPoint2DDouble> AnnShape::GetCorners(AnnShapePoints const &record,
                                                   wxPoint2DDouble const &offset) const {

@@ -10,7 +10,9 @@ namespace {
 /// Where the top side's middle stands among the resize points.
 constexpr std::size_t kTopMiddle = 4;
 
-bool IsVisible(wxColour const &colour) { return colour.IsOk() && colour.Alpha() != 0; }
+bool IsVisible(wxColour const &colour) {
+  return colour.IsOk() && colour.Alpha() != 0;
+}
 
 /// The closed centre line of the border: a line of the border's width along it covers what lies
 /// between the outline and the inner polygon.
@@ -30,8 +32,12 @@ void AnnShape::Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const
   if (!record) return;
   wxPoint2DDouble const shift = framenote::PaintingOffset(painter, offset);
   switch (m_properties.GetShape()) {
-    case AnnShapeProperties::Rectangle: drawRectangle(*painter, *record, shift); break;
-    case AnnShapeProperties::Ellipse: drawEllipse(*painter, *record, shift); break;
+    case AnnShapeProperties::Rectangle:
+      drawRectangle(*painter, *record, shift);
+      break;
+    case AnnShapeProperties::Ellipse:
+      drawEllipse(*painter, *record, shift);
+      break;
   }
 }
 
@@ -71,9 +77,8 @@ void AnnShape::DrawFocused(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDoubl
                            double scale) const {
   auto const record = currentRecord();
   if (!painter || !record) return;
-  auto const points =
-      framenote::OnScreen(GetResizePoints(*record, {0.0, 0.0}),
-                          framenote::PaintingOffset(painter, offset), scale);
+  auto const points = framenote::OnScreen(GetResizePoints(*record, {0.0, 0.0}),
+                                          framenote::PaintingOffset(painter, offset), scale);
   painter->DrawOutline(points, m_pointMarkerRadius, m_outlineFocused, m_outlineWithLines);
 }
 

@@ -82,7 +82,9 @@ AnnShape::SideRule const *AnnShape::SideRule::ForHandle(int handle) {
   return RuleForHandle(kRules, handle);
 }
 
-void AnnShape::PrepareResizing() { RememberCurrentPosition(); }
+void AnnShape::PrepareResizing() {
+  RememberCurrentPosition();
+}
 
 void AnnShape::RememberCurrentPosition() {
   auto const record = currentRecord();
@@ -138,12 +140,10 @@ void AnnShape::dragCorner(AnnShapePoints &record, CornerRule const &rule,
   wxPoint2DDouble v = Turned(position - corner, -DegreesFromRadians(m_rememberedAngle));
   if (keepAspectRatio) v.m_x = rule.widthSign * rule.heightSign * v.m_y * m_aspectRatio;
   // A side that has collapsed takes its direction from the other one.
-  wxPoint2DDouble const width = alongWidth == corner
-                                    ? Turned(alongHeight - corner, -90.0 * rule.turn)
-                                    : alongWidth - corner;
-  wxPoint2DDouble const height = alongHeight == corner
-                                     ? Turned(alongWidth - corner, 90.0 * rule.turn)
-                                     : alongHeight - corner;
+  wxPoint2DDouble const width =
+      alongWidth == corner ? Turned(alongHeight - corner, -90.0 * rule.turn) : alongWidth - corner;
+  wxPoint2DDouble const height =
+      alongHeight == corner ? Turned(alongWidth - corner, 90.0 * rule.turn) : alongHeight - corner;
   wxPoint2DDouble const u = WithLength(width, rule.widthSign * v.m_x);
   wxPoint2DDouble const w = WithLength(height, rule.heightSign * v.m_y);
   record.*rule.corner.now = corner + u + w;
@@ -167,8 +167,7 @@ void AnnShape::dragSide(AnnShapePoints &record, SideRule const &rule,
   if (!keepAspectRatio) return;
   // The shape grows away from the corner before the first one, not around the side's middle.
   double const ratio = rule.horizontal ? m_aspectRatio : 1.0 / m_aspectRatio;
-  wxPoint2DDouble const e =
-      WithLength(record.*rule.first.now - record.*rule.second.now, h * ratio);
+  wxPoint2DDouble const e = WithLength(record.*rule.first.now - record.*rule.second.now, h * ratio);
   record.*rule.second.now += e;
   record.*rule.far.now = far + e;
 }

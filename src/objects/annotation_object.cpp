@@ -40,7 +40,9 @@ void IAnnotationObject::SetEndFrame(std::int64_t frame) {
 
 void IAnnotationObject::OnObjectModified() {}
 
-wxJSONValue const &IAnnotationObject::ToJSON() const { return m_jsonVal; }
+wxJSONValue const &IAnnotationObject::ToJSON() const {
+  return m_jsonVal;
+}
 
 std::pair<std::int64_t, std::int64_t> IAnnotationObject::GetFrameDuration() const {
   return {m_startFrame, m_endFrame};
@@ -71,6 +73,10 @@ void IAnnotationObject::initJSONVal() {
   setJSONValEndFrame();
 }
 
-void IAnnotationObject::setJSONValStartFrame() { m_jsonVal.Set(startFrameKey, m_startFrame); }
+void IAnnotationObject::setJSONValStartFrame() {
+  m_jsonVal.Set(startFrameKey, m_startFrame);
+}
 
-void IAnnotationObject::setJSONValEndFrame() { m_jsonVal.Set(endFrameKey, m_endFrame); }
+void IAnnotationObject::setJSONValEndFrame() {
+  m_jsonVal.Set(endFrameKey, m_endFrame);
+}

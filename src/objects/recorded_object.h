@@ -39,8 +39,7 @@ protected:
   /// A new object with the look of the mode's record. `makeStore` gets the frame count and the
   /// look, and returns the store.
   template <class MakeStore>
-  RecordedObject(std::shared_ptr<Mode> const &mode, std::int64_t frame,
-                 MakeStore const &makeStore);
+  RecordedObject(std::shared_ptr<Mode> const &mode, std::int64_t frame, MakeStore const &makeStore);
   /// A restored object; without "Properties" it takes the look of the mode's record.
   template <class MakeStore>
   RecordedObject(std::shared_ptr<Mode> const &mode, wxJSONValue const &json,

@@ -60,16 +60,14 @@ template <class Bounds>
 wxRect RecordedObject<Kind, Mode, Properties, Store>::sumOverRuns(Bounds const &bounds) {
   std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());
   wxRect sum;
-  m_coordinates.ForEachRun(m_startFrame, m_endFrame,
-                           [&](std::int64_t, std::int64_t, Points const &record) {
-                             sum += bounds(record);
-                           });
+  m_coordinates.ForEachRun(
+      m_startFrame, m_endFrame,
+      [&](std::int64_t, std::int64_t, Points const &record) { sum += bounds(record); });
   return sum;
 }
 
 template <class Kind, class Mode, class Properties, class Store>
-auto RecordedObject<Kind, Mode, Properties, Store>::currentRecord() const
-    -> std::optional<Points> {
+auto RecordedObject<Kind, Mode, Properties, Store>::currentRecord() const -> std::optional<Points> {
   std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());
   if (m_coordinates.AreCurrentCoordinatesEmpty()) return std::nullopt;
   return m_coordinates.Coords();

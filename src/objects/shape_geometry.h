@@ -15,7 +15,9 @@ namespace framenote {
 
 constexpr double kPi = 3.141592653589793;
 
-inline double DegreesFromRadians(double radians) { return radians * 180.0 / kPi; }
+inline double DegreesFromRadians(double radians) {
+  return radians * 180.0 / kPi;
+}
 
 /// Whether all corners round to one pixel; whether the height; whether the width has collapsed.
 FRAMENOTE_API bool IsPoint(AnnShapePoints const &record);
@@ -29,8 +31,7 @@ FRAMENOTE_API void FindResizePoints(AnnShapePoints &record);
 /// The rotation handle, `armLength` off the top side on its outer side.
 FRAMENOTE_API void FindRotationPoint(AnnShapePoints &record, bool reflected, double armLength);
 /// The outline inset by the border's width, corner by corner.
-FRAMENOTE_API void CalculateInnerCoordinates(int thickness, AnnShapePoints &record,
-                                             bool reflected);
+FRAMENOTE_API void CalculateInnerCoordinates(int thickness, AnnShapePoints &record, bool reflected);
 /// Names the corners of a reflected record by their order again.
 FRAMENOTE_API void SwapLeftAndRight(AnnShapePoints &record);
 

@@ -26,7 +26,7 @@ class wxString;
 /// (no points, null colours, invalid bitmaps) paints nothing.
 class FRAMENOTE_API IAnnPainter {
 public:
-  enum AnnPainterType { GraphicsContext = 0, DeviceContext = 1 };
+  enum AnnPainterType : int { GraphicsContext = 0, DeviceContext = 1 };
   using Points = std::vector<wxPoint2DDouble>;
 
   IAnnPainter() = default;

@@ -20,6 +20,8 @@ namespace {
 constexpr double kHalfPixel = 0.5;
 constexpr std::size_t kBoxCorners = 4;
 constexpr int kThinPen = 1;
+/// Circles too small to be seen; the surface could not scale one back and would stop painting.
+constexpr double kMinRadius = 1e-3;
 constexpr unsigned char kOpaque = 255;
 constexpr unsigned char kFocusedAlpha = 0xAA;
 
@@ -47,9 +49,10 @@ void AddShiftedEllipse(wxGraphicsPath &path, wxRect const &rect) {
   path.AddEllipse(rect.x - kHalfPixel, rect.y - kHalfPixel, rect.width, rect.height);
 }
 
-/// Fills and strokes at once, with the pen and the brush that are set.
-void DrawPath(wxGraphicsContext &context, std::vector<wxPoint2DDouble> const &points) {
-  if (points.size() > 1) context.DrawLines(points.size(), points.data(), wxODDEVEN_RULE);
+/// An open line with the pen that is set. Not by the context's DrawLines, which joins the last
+/// point to the first.
+void StrokePath(wxGraphicsContext &context, std::vector<wxPoint2DDouble> const &points) {
+  if (points.size() > 1) context.StrokeLines(points.size(), points.data());
 }
 
 void SetTools(wxGraphicsContext &context, wxPen const &pen, wxBrush const &brush) {
@@ -64,7 +67,7 @@ void DrawArrowHead(wxGraphicsContext &context, std::vector<wxPoint2DDouble> cons
   if (thickness % 2 == 0) return framenote::FillPolygon(context, head, colour);
   SetTools(context, framenote::ArrowPen(wxColour(0, 0, 0, 0), kThinPen),
            framenote::SolidBrush(colour));
-  DrawPath(context, head);
+  if (head.size() > 1) context.DrawLines(head.size(), head.data(), wxODDEVEN_RULE);
 }
 
 }  // namespace
@@ -101,7 +104,7 @@ void AnnPainterGraphicsContext::drawCircle(wxGraphicsContext &context,
                                            wxPoint2DDouble const &centre, double radius) const {
   wxPoint2DDouble const middle = m_range.Point(centre);
   double const drawable = m_range.Coordinate(radius);
-  if (drawable <= 0.0) return;
+  if (drawable < kMinRadius) return;
   context.DrawEllipse(middle.m_x - drawable, middle.m_y - drawable, 2.0 * drawable, 2.0 * drawable);
 }
 
@@ -125,7 +128,7 @@ void AnnPainterGraphicsContext::DrawCircleOnStick(wxPoint2DDouble const &foot,
   onContext([&](wxGraphicsContext &context) {
     SetTools(context, framenote::LinePen(wxColour(0, 0, 0, 255), kThinPen),
              framenote::SolidBrush(wxColour(0, 255, 0, 255)));
-    DrawPath(context, {m_range.Point(foot), m_range.Point(centre)});
+    StrokePath(context, {m_range.Point(foot), m_range.Point(centre)});
     drawCircle(context, centre, radius);
   });
 }
@@ -139,7 +142,7 @@ void AnnPainterGraphicsContext::DrawOutline(std::vector<wxPoint2DDouble> const &
       context.SetBrush(framenote::NoBrush());
       std::vector<wxPoint2DDouble> frame(points.begin(), points.begin() + kBoxCorners);
       frame.push_back(points.front());
-      DrawPath(context, m_range.Points(frame));
+      StrokePath(context, m_range.Points(frame));
     }
     context.SetBrush(framenote::SolidBrush(wxColour(255, 255, 255, alpha)));
     for (wxPoint2DDouble const &point : points) drawCircle(context, point, radius);
@@ -164,7 +167,7 @@ void AnnPainterGraphicsContext::DrawBorderOfPolygon(std::vector<wxPoint2DDouble>
                                                     wxColour const &colour, int thickness) {
   onContext([&](wxGraphicsContext &context) {
     SetTools(context, framenote::BorderPen(colour, thickness), framenote::NoBrush());
-    DrawPath(context, m_range.Points(points));
+    StrokePath(context, m_range.Points(points));
   });
 }
 
@@ -248,7 +251,7 @@ void AnnPainterGraphicsContext::DrawArrow(std::vector<wxPoint2DDouble> const &bo
     wxColour const colour = properties.GetColor();
     int const thickness = properties.GetThickness();
     SetTools(context, framenote::ArrowPen(colour, thickness), framenote::NoBrush());
-    DrawPath(context, m_range.Points(body));
+    StrokePath(context, m_range.Points(body));
     if (properties.GetHead() != AnnArrowProperties::Arrow) return;
     DrawArrowHead(context, m_range.Points(head), colour, thickness);
   });
@@ -268,7 +271,7 @@ void AnnPainterGraphicsContext::DrawLines(std::vector<wxPoint2DDouble> const &po
                                           wxColour const &colour, int width) {
   onContext([&](wxGraphicsContext &context) {
     SetTools(context, framenote::LinePen(colour, width), framenote::NoBrush());
-    DrawPath(context, m_range.Points(points));
+    StrokePath(context, m_range.Points(points));
   });
 }
 

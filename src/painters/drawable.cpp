@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "coordinates/pixel_geometry.h"
 
@@ -11,8 +12,15 @@ namespace framenote {
 namespace {
 
 constexpr double kMaxDevicePixel = 1e6;
-constexpr double kMaxScale = 1000.0;
-constexpr double kMaxPoints = 10000.0;
+constexpr double kMinScale = 1e-3;
+constexpr double kMaxScale = 1e3;
+constexpr double kMinPoints = 1.0;
+constexpr double kMaxPoints = 2000.0;
+
+int ClampedEdge(std::int64_t edge, double limit) {
+  auto const bound = static_cast<std::int64_t>(limit);
+  return static_cast<int>(std::clamp(edge, -bound, bound));
+}
 
 }  // namespace
 
@@ -32,20 +40,24 @@ std::vector<wxPoint2DDouble> DrawableRange::Points(std::vector<wxPoint2DDouble> 
 }
 
 wxRect DrawableRange::Rect(wxRect const &rect) const {
-  int const limit = static_cast<int>(m_limit);
-  return {std::clamp(rect.x, -limit, limit), std::clamp(rect.y, -limit, limit),
-          std::clamp(rect.width, 0, limit), std::clamp(rect.height, 0, limit)};
+  int const left = ClampedEdge(rect.x, m_limit);
+  int const top = ClampedEdge(rect.y, m_limit);
+  int const right = ClampedEdge(std::int64_t{rect.x} + rect.width, m_limit);
+  int const bottom = ClampedEdge(std::int64_t{rect.y} + rect.height, m_limit);
+  return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
 double DrawableScale(double scale) {
-  return std::min(UsableScale(scale), kMaxScale);
+  return std::clamp(UsableScale(scale), kMinScale, kMaxScale);
 }
 
 wxFont DrawableFont(wxFont const &font) {
-  if (!font.IsOk() || font.GetFractionalPointSize() <= kMaxPoints) return font;
-  wxFont smaller = font;
-  smaller.SetFractionalPointSize(kMaxPoints);
-  return smaller;
+  if (!font.IsOk()) return font;
+  double const points = font.GetFractionalPointSize();
+  if (points >= kMinPoints && points <= kMaxPoints) return font;
+  wxFont drawable = font;
+  drawable.SetFractionalPointSize(points > kMaxPoints ? kMaxPoints : kMinPoints);
+  return drawable;
 }
 
 }  // namespace framenote

@@ -23,15 +23,17 @@ public:
   double Coordinate(double value) const;
   wxPoint2DDouble Point(wxPoint2DDouble const &point) const;
   std::vector<wxPoint2DDouble> Points(std::vector<wxPoint2DDouble> points) const;
+  /// Each edge on its own: a rectangle that reaches beyond the range is cut, not moved.
   wxRect Rect(wxRect const &rect) const;
 
 private:
   double m_limit;
 };
 
-/// A scale that a surface can take: positive, finite, at most 1000; 1 for any other.
+/// A scale that a surface can take and undo: 0.001 to 1000; 1 for one that is not positive and
+/// finite.
 FRAMENOTE_API double DrawableScale(double scale);
-/// The font at a size that the text system can lay out.
+/// The font at a size that the text system can lay out, 1 to 2000 points.
 FRAMENOTE_API wxFont DrawableFont(wxFont const &font);
 
 }  // namespace framenote

@@ -20,7 +20,9 @@ constexpr double kArc = 0.5522847498307933;
 /// Rectangles cover whole pixels, whose centres the coordinates name.
 constexpr double kHalfPixel = 0.5;
 
-/// The greatest side of a stretched bitmap, in picture pixels.
+/// The sides of a stretched bitmap, in picture pixels. A surface squeezed to less cannot be scaled
+/// back and would stop painting for good.
+constexpr double kMinImageSize = 1e-3;
 constexpr double kMaxImageSize = 1e6;
 
 constexpr std::size_t kBoxCorners = 4;
@@ -29,6 +31,17 @@ constexpr std::size_t kBoxPoints = 8;
 void SetFill(wxGraphicsContext &context, wxColour const &colour) {
   context.SetPen(NoPen());
   context.SetBrush(SolidBrush(colour));
+}
+
+bool IsBox(DrawingPoints const &points) {
+  return points.size() >= kBoxPoints;
+}
+bool HasCorners(DrawingPoints const &points) {
+  return points.size() >= kBoxCorners;
+}
+
+bool IsDrawableSize(double size) {
+  return std::isfinite(size) && size >= kMinImageSize;
 }
 
 wxPoint2DDouble Towards(wxPoint2DDouble const &from, wxPoint2DDouble const &corner) {
@@ -48,13 +61,13 @@ void FillEllipse(wxGraphicsContext &context, wxRect const &rect, wxColour const 
 }
 
 void FillPolygon(wxGraphicsContext &context, DrawingPoints const &points, wxColour const &colour) {
-  if (points.empty()) return;
+  if (points.size() < 2) return;
   SetFill(context, colour);
   context.DrawLines(points.size(), points.data(), wxODDEVEN_RULE);
 }
 
 void AddEllipse(wxGraphicsPath &path, DrawingPoints const &points) {
-  if (points.size() < kBoxPoints) return;
+  if (!IsBox(points)) return;
   DrawingPoints const &p = points;
   path.MoveToPoint(p[7]);
   for (std::size_t corner = 0; corner < kBoxCorners; ++corner) {
@@ -66,7 +79,7 @@ void AddEllipse(wxGraphicsPath &path, DrawingPoints const &points) {
 }
 
 DrawingPoints ExpandToEllipse(DrawingPoints const &corners) {
-  if (corners.size() < kBoxCorners) return {};
+  if (!HasCorners(corners)) return {};
   DrawingPoints points(corners.begin(), corners.begin() + kBoxCorners);
   for (std::size_t i = 0; i < kBoxCorners; ++i) {
     points.push_back((corners[i] + corners[(i + 1) % kBoxCorners]) / 2.0);
@@ -84,6 +97,7 @@ void FillEllipseCurves(wxGraphicsContext &context, DrawingPoints const &points,
 
 void FillRing(wxGraphicsContext &context, DrawingPoints const &outer, DrawingPoints const &inner,
               wxColour const &colour) {
+  if (!IsBox(outer) || !HasCorners(inner)) return;
   SetFill(context, colour);
   wxGraphicsPath path = context.CreatePath();
   AddEllipse(path, outer);
@@ -93,19 +107,20 @@ void FillRing(wxGraphicsContext &context, DrawingPoints const &outer, DrawingPoi
 
 void DrawEllipseWithBorderCurves(wxGraphicsContext &context, DrawingPoints const &outer,
                                  DrawingPoints const &inner, AnnShapeProperties const &properties) {
+  if (!IsBox(outer) || !HasCorners(inner)) return;
   FillEllipseCurves(context, outer, properties.GetBorderColor());
   FillEllipseCurves(context, ExpandToEllipse(inner), properties.GetFillColor());
 }
 
 void DrawImage(wxGraphicsContext &context, wxPoint2DDouble const &centre, double width,
                double height, double angle, wxBitmap const &bitmap) {
-  bool const hasSize = std::isfinite(width) && std::isfinite(height) && width > 0.0 && height > 0.0;
-  if (!bitmap.IsOk() || !hasSize) return;
+  if (!bitmap.IsOk() || !IsDrawableSize(width) || !IsDrawableSize(height)) return;
   double const drawnWidth = std::min(width, kMaxImageSize);
   double const drawnHeight = std::min(height, kMaxImageSize);
   context.PushState();
   context.Translate(centre.m_x, centre.m_y);
   context.Rotate(std::isfinite(angle) ? angle : 0.0);
+  // The host mirrors the pictures of a mirrored interface; the image goes along.
   if (TalHasRTLLayout()) context.Scale(-1.0, 1.0);
   context.DrawBitmap(bitmap, -0.5 * drawnWidth, -0.5 * drawnHeight, drawnWidth, drawnHeight);
   context.PopState();

@@ -35,7 +35,9 @@ AnnotationTool::AnnotationTool(AnnotationToolConfig const &config)
   setDefaults();
 }
 
-AnnotationTool::~AnnotationTool() { destroyAllObjects(); }
+AnnotationTool::~AnnotationTool() {
+  destroyAllObjects();
+}
 
 void AnnotationTool::setDefaults() {
   enterDefaultState();
@@ -80,7 +82,9 @@ AnnotationPanel *AnnotationTool::InitGui(wxWindow *, wxEvtHandler *sink,
   return m_panel;
 }
 
-void AnnotationTool::UnlinkGui() { m_panel = nullptr; }
+void AnnotationTool::UnlinkGui() {
+  m_panel = nullptr;
+}
 
 void AnnotationTool::Deactivate() {
   if (m_activeTool) {
@@ -94,7 +98,9 @@ void AnnotationTool::Deactivate() {
   Refresh();
 }
 
-void AnnotationTool::DeactivateToolAndControls() { Deactivate(); }
+void AnnotationTool::DeactivateToolAndControls() {
+  Deactivate();
+}
 
 void AnnotationTool::Reset(bool keepState) {
   destroyAllObjects();
@@ -106,7 +112,9 @@ void AnnotationTool::Reset(bool keepState) {
   if (!keepState) setDefaults();
 }
 
-void AnnotationTool::EnableMouse(bool enable) { m_mouseEnabled = enable; }
+void AnnotationTool::EnableMouse(bool enable) {
+  m_mouseEnabled = enable;
+}
 
 void AnnotationTool::SetObjectsVisible(bool visible) {
   m_visible = visible;
@@ -134,13 +142,21 @@ void AnnotationTool::ClearAllAnnotations() {
   onObjectsModified();
 }
 
-bool AnnotationTool::IsEmpty() const { return m_objects.empty(); }
+bool AnnotationTool::IsEmpty() const {
+  return m_objects.empty();
+}
 
-bool AnnotationTool::IsVisible() const { return m_visible; }
+bool AnnotationTool::IsVisible() const {
+  return m_visible;
+}
 
-bool AnnotationTool::IsIdle() const { return m_activeTool->IsIdle(); }
+bool AnnotationTool::IsIdle() const {
+  return m_activeTool->IsIdle();
+}
 
-bool AnnotationTool::IsDefaultState() const { return m_state == ToolState::Default; }
+bool AnnotationTool::IsDefaultState() const {
+  return m_state == ToolState::Default;
+}
 
 bool AnnotationTool::HasAnnotation(int frame) const {
   return std::any_of(m_objects.begin(), m_objects.end(), [frame](IAnnotationObject const *object) {
@@ -148,11 +164,17 @@ bool AnnotationTool::HasAnnotation(int frame) const {
   });
 }
 
-AnnotationToolConfig const &AnnotationTool::GetConfig() const { return m_config; }
+AnnotationToolConfig const &AnnotationTool::GetConfig() const {
+  return m_config;
+}
 
-AnnotationTool::ObjectList const &AnnotationTool::AnnotationObjects() const { return m_objects; }
+AnnotationTool::ObjectList const &AnnotationTool::AnnotationObjects() const {
+  return m_objects;
+}
 
-ToolState AnnotationTool::GetState() const { return m_state; }
+ToolState AnnotationTool::GetState() const {
+  return m_state;
+}
 
 IAnnotationObject *AnnotationTool::GetSelectedObject() const {
   return hasSelection() ? *m_selected : nullptr;
@@ -167,16 +189,36 @@ wxStockCursor AnnotationTool::ProcessMouseEvent(wxPoint const &position, wxMouse
   // An event may make another mode active; the one that handles it must live until it returns.
   std::shared_ptr<IAnnotationToolMode> const mode = m_activeTool;
   switch (m_state) {
-    case ToolState::Default: mode->OnMouseDefault(event); break;
-    case ToolState::Drawing: mode->OnMouseDrawing(event); break;
-    case ToolState::OverObject: mode->OnMouseOverObject(event); break;
-    case ToolState::Selected: mode->OnMouseSelected(event); break;
-    case ToolState::Moving: mode->OnMouseMoving(event); break;
-    case ToolState::AtResizePoint: mode->OnMouseAtResizePoint(event); break;
-    case ToolState::Resizing: mode->OnMouseResizing(event); break;
-    case ToolState::AtRotationPoint: mode->OnMouseAtRotationPoint(event); break;
-    case ToolState::Rotating: mode->OnMouseRotating(event); break;
-    case ToolState::Editing: mode->OnMouseEditing(event); break;
+    case ToolState::Default:
+      mode->OnMouseDefault(event);
+      break;
+    case ToolState::Drawing:
+      mode->OnMouseDrawing(event);
+      break;
+    case ToolState::OverObject:
+      mode->OnMouseOverObject(event);
+      break;
+    case ToolState::Selected:
+      mode->OnMouseSelected(event);
+      break;
+    case ToolState::Moving:
+      mode->OnMouseMoving(event);
+      break;
+    case ToolState::AtResizePoint:
+      mode->OnMouseAtResizePoint(event);
+      break;
+    case ToolState::Resizing:
+      mode->OnMouseResizing(event);
+      break;
+    case ToolState::AtRotationPoint:
+      mode->OnMouseAtRotationPoint(event);
+      break;
+    case ToolState::Rotating:
+      mode->OnMouseRotating(event);
+      break;
+    case ToolState::Editing:
+      mode->OnMouseEditing(event);
+      break;
   }
   return m_cursor;
 }
@@ -187,11 +229,20 @@ void AnnotationTool::Refresh() {
 
 void AnnotationTool::SetActiveTool(Types mode) {
   switch (mode) {
-    case Types::Idle: m_activeTool = m_toolModes.idle; break;
-    case Types::Shape: m_activeTool = m_toolModes.shape; break;
-    case Types::Arrow: m_activeTool = m_toolModes.arrow; break;
-    case Types::Pencil: m_activeTool = m_toolModes.pencil; break;
-    default: break;
+    case Types::Idle:
+      m_activeTool = m_toolModes.idle;
+      break;
+    case Types::Shape:
+      m_activeTool = m_toolModes.shape;
+      break;
+    case Types::Arrow:
+      m_activeTool = m_toolModes.arrow;
+      break;
+    case Types::Pencil:
+      m_activeTool = m_toolModes.pencil;
+      break;
+    default:
+      break;
   }
 }
 
@@ -199,7 +250,9 @@ void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &m
   if (mode) m_activeTool = mode;
 }
 
-ToolModes const &AnnotationTool::GetToolModes() const { return m_toolModes; }
+ToolModes const &AnnotationTool::GetToolModes() const {
+  return m_toolModes;
+}
 
 std::shared_ptr<IAnnotationToolMode> const &AnnotationTool::GetActiveTool() const {
   return m_activeTool;

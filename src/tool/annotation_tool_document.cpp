@@ -35,7 +35,9 @@ void AnnotationTool::ToJSON(wxJSONValue &value) const {
   value.Set(kObjectsKey, std::move(objects));
 }
 
-wxJSONValue const &AnnotationTool::GetJSON() const { return m_json; }
+wxJSONValue const &AnnotationTool::GetJSON() const {
+  return m_json;
+}
 
 void AnnotationTool::OnJsonChanged() {
   SendAnnotationFrameRangeChangedEvent();
@@ -94,7 +96,8 @@ std::unique_ptr<IAnnotationObject> AnnotationTool::objectFromJSON(
     case Types::Pencil:
       if (!AnnPencil::IsJSONValid(element)) return nullptr;
       return std::make_unique<AnnPencil>(m_toolModes.pencil, element);
-    default: return nullptr;
+    default:
+      return nullptr;
   }
 }
 

@@ -22,8 +22,7 @@ void AnnotationTool::SendAnnotationFrameRangeChangedEvent() {
   ranges.reserve(m_objects.size());
   for (IAnnotationObject *object : m_objects) {
     m_startFrames.insert(object->GetStartFrame());
-    ranges.emplace_back(object->GetStartFrame(), object->GetEndFrame(),
-                        object->GetDominantColor());
+    ranges.emplace_back(object->GetStartFrame(), object->GetEndFrame(), object->GetDominantColor());
   }
   if (m_eventSink == nullptr) return;
   int selected = -1;

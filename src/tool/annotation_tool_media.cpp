@@ -37,9 +37,13 @@ void AnnotationTool::SetImage(wxBitmap const &bitmap, bool refreshCaches) {
   if (bitmap.IsOk()) SetImage(bitmap.ConvertToImage(), refreshCaches);
 }
 
-wxImage const &AnnotationTool::GetImage() const { return m_image; }
+wxImage const &AnnotationTool::GetImage() const {
+  return m_image;
+}
 
-AnnotationMediaInfo const &AnnotationTool::GetMediaInfo() const { return m_mediaInfo; }
+AnnotationMediaInfo const &AnnotationTool::GetMediaInfo() const {
+  return m_mediaInfo;
+}
 
 void AnnotationTool::UpdateMediaInfo(AnnotationMediaInfo const &info) {
   if (info.frameCount > m_mediaInfo.frameCount) onVideoLengthIncreased(info.frameCount);
@@ -146,7 +150,9 @@ wxRect AnnotationTool::GetAnnotationArea() {
   return wxRect(wxPoint(left, top), wxPoint(right - 1, bottom - 1));
 }
 
-wxColour AnnotationTool::GetExtensionColor() const { return m_extensionColor; }
+wxColour AnnotationTool::GetExtensionColor() const {
+  return m_extensionColor;
+}
 
 void AnnotationTool::SetExtensionColour(wxColour const &colour) {
   m_extensionColor = colour;

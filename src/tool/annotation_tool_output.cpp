@@ -76,8 +76,8 @@ wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t f
   return bitmap.ConvertToImage();
 }
 
-void AnnotationTool::drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter,
-                                        std::int64_t frame, wxPoint2DDouble const &offset) {
+void AnnotationTool::drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter, std::int64_t frame,
+                                        wxPoint2DDouble const &offset) {
   for (auto it = m_objects.rbegin(); it != m_objects.rend(); ++it) {
     IAnnotationObject &object = **it;
     if (!object.IsPresentInFrame(frame)) continue;

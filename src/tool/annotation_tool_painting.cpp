@@ -8,7 +8,9 @@
 #include "objects/annotation_object.h"
 #include "painters/ann_painter.h"
 
-void AnnotationTool::setDrawOn(wxWindow *window) { m_drawOn = window; }
+void AnnotationTool::setDrawOn(wxWindow *window) {
+  m_drawOn = window;
+}
 
 std::unique_ptr<IAnnPainter> AnnotationTool::beginPass(wxDC &dc, wxWindow *window,
                                                        wxPoint2DDouble const &offset,
@@ -17,13 +19,12 @@ std::unique_ptr<IAnnPainter> AnnotationTool::beginPass(wxDC &dc, wxWindow *windo
   m_scale = scale;
   m_offset = offset;
   if (!m_visible) return nullptr;
-  auto const type = m_config.drawWithDeviceContext ? IAnnPainter::DeviceContext
-                                                   : IAnnPainter::GraphicsContext;
+  auto const type =
+      m_config.drawWithDeviceContext ? IAnnPainter::DeviceContext : IAnnPainter::GraphicsContext;
   return IAnnPainter::CreateAnnPainter(type, dc, m_drawOn, m_scale);
 }
 
-void AnnotationTool::Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset,
-                          double scale) {
+void AnnotationTool::Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale) {
   std::unique_ptr<IAnnPainter> painter = beginPass(dc, window, offset, scale);
   if (!painter) return;
   // From the back to the front, so that the front object is painted last.

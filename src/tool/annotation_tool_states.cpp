@@ -21,7 +21,9 @@ void AnnotationTool::changeFocusedTo(Iterator it) {
   if (m_focused != m_objects.end()) (*m_focused)->SetFocused(true);
 }
 
-void AnnotationTool::changeFocusedToEnd() { changeFocusedTo(m_objects.end()); }
+void AnnotationTool::changeFocusedToEnd() {
+  changeFocusedTo(m_objects.end());
+}
 
 void AnnotationTool::enterObject(Iterator it) {
   changeFocusedTo(it);
@@ -77,7 +79,9 @@ void AnnotationTool::changeSelectedToEnd() {
   SendAnnotationFrameRangeChangedEvent();
 }
 
-bool AnnotationTool::hasSelection() const { return m_selected != m_objects.end(); }
+bool AnnotationTool::hasSelection() const {
+  return m_selected != m_objects.end();
+}
 
 void AnnotationTool::setNextStateOnSelected() {
   IAnnotationObject &selected = **m_selected;

@@ -32,7 +32,9 @@ EventSink::EventSink() {
   Bind(wxEVT_ANN_TOOL_DESELECTED, keep);
 }
 
-void EventSink::Pump() { wxTheApp->ProcessPendingEvents(); }
+void EventSink::Pump() {
+  wxTheApp->ProcessPendingEvents();
+}
 
 std::size_t EventSink::Count(wxEventType type) {
   Pump();
@@ -56,7 +58,9 @@ ToolDriver::ToolDriver(std::int64_t frameCount, bool extensionEnabled, bool with
   GoToFrame(0);
 }
 
-ToolDriver::~ToolDriver() { wxTheApp->ProcessPendingEvents(); }
+ToolDriver::~ToolDriver() {
+  wxTheApp->ProcessPendingEvents();
+}
 
 IAnnotationObject *ToolDriver::Object(std::size_t index) const {
   return *std::next(m_tool->AnnotationObjects().begin(), static_cast<std::ptrdiff_t>(index));
@@ -74,13 +78,21 @@ wxStockCursor ToolDriver::send(wxEventType type, int x, int y) {
   return m_tool->ProcessMouseEvent(wxPoint(x, y), event, m_scale, wxPoint2DDouble(0.0, 0.0));
 }
 
-wxStockCursor ToolDriver::Press(int x, int y) { return send(wxEVT_LEFT_DOWN, x, y); }
+wxStockCursor ToolDriver::Press(int x, int y) {
+  return send(wxEVT_LEFT_DOWN, x, y);
+}
 
-wxStockCursor ToolDriver::Move(int x, int y) { return send(wxEVT_MOTION, x, y); }
+wxStockCursor ToolDriver::Move(int x, int y) {
+  return send(wxEVT_MOTION, x, y);
+}
 
-wxStockCursor ToolDriver::Release(int x, int y) { return send(wxEVT_LEFT_UP, x, y); }
+wxStockCursor ToolDriver::Release(int x, int y) {
+  return send(wxEVT_LEFT_UP, x, y);
+}
 
-wxStockCursor ToolDriver::RightRelease(int x, int y) { return send(wxEVT_RIGHT_UP, x, y); }
+wxStockCursor ToolDriver::RightRelease(int x, int y) {
+  return send(wxEVT_RIGHT_UP, x, y);
+}
 
 void ToolDriver::Drag(wxPoint const &from, wxPoint const &to) {
   Press(from.x, from.y);
@@ -106,6 +118,8 @@ void ToolDriver::DrawStroke(std::vector<wxPoint> const &points) {
   Release(points.back().x, points.back().y);
 }
 
-std::string ToolDriver::DocumentText() const { return JsonToUtf8(m_tool->GetJSON()); }
+std::string ToolDriver::DocumentText() const {
+  return JsonToUtf8(m_tool->GetJSON());
+}
 
 }  // namespace framenote::test
