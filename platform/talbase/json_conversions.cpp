@@ -181,10 +181,11 @@ wxString ToString<wxFont>(wxFont const &font) {
 
 template <>
 wxFont FromString<wxFont>(wxString const &text) {
-  wxString rest = text;
+  wxString face = text;
   wxArrayString fields;
-  while (static_cast<int>(fields.size()) < kFontFields && rest.Contains(";")) {
-    fields.push_back(rest.BeforeFirst(';', &rest));
+  while (static_cast<int>(fields.size()) < kFontFields && face.Contains(";")) {
+    fields.push_back(face.BeforeFirst(';'));
+    face = face.AfterFirst(';');
   }
   double points = 0.0;
   long weight = 0;
@@ -198,6 +199,6 @@ wxFont FromString<wxFont>(wxString const &text) {
           .Weight(static_cast<int>(std::clamp<long>(weight, kLeastWeight, kMostWeight)))
           .Underlined(fields[3] == "1")
           .Strikethrough(fields[4] == "1")
-          .FaceName(rest);
+          .FaceName(face);
   return wxFont(info);
 }

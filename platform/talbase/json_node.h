@@ -11,7 +11,7 @@
 
 #include "talbase/json_value.h"
 
-/// The shared insides of JSON values. Private to talbase; not installed.
+/// The shared insides of JSON values. Private to talbase.
 namespace framenote {
 
 /// What strings, arrays and objects are made of. A node with several owners never changes.

@@ -35,12 +35,11 @@ std::string CleanUtf8Of(wxString const &text) {
   return Utf8Of(clean);
 }
 
-/// A value fit to lie inside another one: an inside with references into it would have to be
-/// copied with every copy of the outside, and a node that shares its elements must hold none.
-wxJSONValue Enclosable(wxJSONValue &&value) {
-  bool const isExposed = (value.IsArray() && JsonAccess::Array(value).isExposed) ||
-                         (value.IsObject() && JsonAccess::Object(value).isExposed);
-  return isExposed ? wxJSONValue(std::as_const(value)) : wxJSONValue(std::move(value));
+/// Whether there may be references into the value. A node that takes such a value in by moving
+/// counts as exposed too, or its copies would share what the references write to.
+bool IsExposed(wxJSONValue const &value) {
+  return (value.IsArray() && JsonAccess::Array(value).isExposed) ||
+         (value.IsObject() && JsonAccess::Object(value).isExposed);
 }
 
 template <class Unsigned>
@@ -278,11 +277,15 @@ wxJSONValue &wxJSONValue::operator[](int index) {
 }
 
 void wxJSONValue::Set(wxString const &key, wxJSONValue value) {
-  JsonAccess::OwnObject(*this).At(CleanUtf8Of(key)) = Enclosable(std::move(value));
+  JsonObject &object = JsonAccess::OwnObject(*this);
+  object.isExposed = object.isExposed || IsExposed(value);
+  object.At(CleanUtf8Of(key)) = std::move(value);
 }
 
 void wxJSONValue::Append(wxJSONValue value) {
-  JsonAccess::OwnArray(*this).elements.push_back(Enclosable(std::move(value)));
+  JsonArray &array = JsonAccess::OwnArray(*this);
+  array.isExposed = array.isExposed || IsExposed(value);
+  array.elements.push_back(std::move(value));
 }
 
 bool wxJSONValue::Remove(wxString const &key) {

@@ -105,7 +105,7 @@ public:
   wxJSONValue &operator[](int index);
 
   /// Sets one member without handing out a reference, so the value stays shareable. A value of
-  /// another kind first becomes an object. Moving a value in ends the references into it.
+  /// another kind first becomes an object. A value moved in takes the references into it along.
   void Set(wxString const &key, wxJSONValue value);
   /// Appends to an array in O(1); a value of another kind first becomes an empty array.
   void Append(wxJSONValue value);

@@ -248,7 +248,7 @@ void AnnPainterDeviceContext::DrawText(wxPoint2DDouble const &position, double a
                                        wxColour const &colour) {
   if (!font.IsOk() || !colour.IsOk()) return;
   setTools(framenote::NoPen(), framenote::NoBrush());
-  m_dc->SetFont(framenote::DrawableFont(font));
+  m_dc->SetFont(m_range.Font(font));
   m_dc->SetTextForeground(colour);
   double const degrees = std::isfinite(angle) ? angle * 180 / kPi : 0.0;
   m_dc->DrawRotatedText(text, toPixel(position), degrees);
@@ -256,6 +256,7 @@ void AnnPainterDeviceContext::DrawText(wxPoint2DDouble const &position, double a
 
 void AnnPainterDeviceContext::DrawImage(wxPoint2DDouble const &centre, double width, double height,
                                         double angle, wxBitmap const &bitmap) {
+  if (!m_range.CanStretch(bitmap, width, height)) return;
   onTemporaryContext([&](wxGraphicsContext &context) {
     framenote::DrawImage(context, m_range.Point(centre), width, height, angle, bitmap);
   });
@@ -269,7 +270,7 @@ void AnnPainterDeviceContext::GetTextExtent(wxString const &text, wxFont const &
                                             double &height, double &externalLeading) {
   width = height = externalLeading = 0.0;
   if (!font.IsOk()) return;
-  m_dc->SetFont(framenote::DrawableFont(font));
+  m_dc->SetFont(m_range.Font(font));
   wxCoord lineWidth = 0;
   wxCoord lineHeight = 0;
   wxCoord leading = 0;

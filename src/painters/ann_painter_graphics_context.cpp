@@ -281,7 +281,7 @@ void AnnPainterGraphicsContext::DrawText(wxPoint2DDouble const &position, double
   if (!font.IsOk() || !colour.IsOk()) return;
   onContext([&](wxGraphicsContext &context) {
     SetTools(context, framenote::NoPen(), framenote::NoBrush());
-    context.SetFont(framenote::DrawableFont(font), colour);
+    context.SetFont(m_range.Font(font), colour);
     wxPoint2DDouble const topLeft = m_range.Point(position);
     context.DrawText(text, topLeft.m_x, topLeft.m_y, std::isfinite(angle) ? angle : 0.0);
   });
@@ -289,6 +289,7 @@ void AnnPainterGraphicsContext::DrawText(wxPoint2DDouble const &position, double
 
 void AnnPainterGraphicsContext::DrawImage(wxPoint2DDouble const &centre, double width,
                                           double height, double angle, wxBitmap const &bitmap) {
+  if (!m_range.CanStretch(bitmap, width, height)) return;
   onContext([&](wxGraphicsContext &context) {
     framenote::DrawImage(context, m_range.Point(centre), width, height, angle, bitmap);
   });
@@ -308,7 +309,7 @@ void AnnPainterGraphicsContext::GetTextExtent(wxString const &text, wxFont const
   width = height = externalLeading = 0.0;
   if (!font.IsOk()) return;
   onContext([&](wxGraphicsContext &context) {
-    context.SetFont(framenote::DrawableFont(font), *wxBLACK);
+    context.SetFont(m_range.Font(font), *wxBLACK);
     context.GetTextExtent(text, &width, &height, nullptr, &externalLeading);
   });
 }

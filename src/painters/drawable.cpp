@@ -5,6 +5,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include <wx/bitmap.h>
+#include <wx/font.h>
+
 #include "coordinates/pixel_geometry.h"
 
 namespace framenote {
@@ -16,6 +19,12 @@ constexpr double kMinScale = 1e-3;
 constexpr double kMaxScale = 1e3;
 constexpr double kMinPoints = 1.0;
 constexpr double kMaxPoints = 2000.0;
+/// Points on the surface: glyphs of 2^15 pixels and more cannot be rendered, and a desktop may ask
+/// for twice as many pixels to a point as the 4/3 of a plain one.
+constexpr double kMaxSurfacePoints = 12000.0;
+
+/// Bitmap pixels to one of the surface, which counts such steps to 2^15.
+constexpr double kMaxReduction = 30000.0;
 
 int ClampedEdge(std::int64_t edge, double limit) {
   auto const bound = static_cast<std::int64_t>(limit);
@@ -24,7 +33,8 @@ int ClampedEdge(std::int64_t edge, double limit) {
 
 }  // namespace
 
-DrawableRange::DrawableRange(double scale) : m_limit(kMaxDevicePixel / std::max(scale, 1.0)) {}
+DrawableRange::DrawableRange(double scale)
+    : m_scale(scale), m_limit(kMaxDevicePixel / std::max(scale, 1.0)) {}
 
 double DrawableRange::Coordinate(double value) const {
   return std::isnan(value) ? 0.0 : std::clamp(value, -m_limit, m_limit);
@@ -47,17 +57,27 @@ wxRect DrawableRange::Rect(wxRect const &rect) const {
   return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
-double DrawableScale(double scale) {
-  return std::clamp(UsableScale(scale), kMinScale, kMaxScale);
+wxFont DrawableRange::Font(wxFont const &font) const {
+  if (!font.IsOk()) return font;
+  double const most = std::min(kMaxPoints, kMaxSurfacePoints / m_scale);
+  double const points = font.GetFractionalPointSize();
+  if (points >= kMinPoints && points <= most) return font;
+  wxFont drawable = font;
+  drawable.SetFractionalPointSize(std::clamp(points, kMinPoints, most));
+  return drawable;
 }
 
-wxFont DrawableFont(wxFont const &font) {
-  if (!font.IsOk()) return font;
-  double const points = font.GetFractionalPointSize();
-  if (points >= kMinPoints && points <= kMaxPoints) return font;
-  wxFont drawable = font;
-  drawable.SetFractionalPointSize(points > kMaxPoints ? kMaxPoints : kMinPoints);
-  return drawable;
+bool DrawableRange::canReduce(int pixels, double size) const {
+  return std::isfinite(size) && size * m_scale * kMaxReduction >= pixels;
+}
+
+bool DrawableRange::CanStretch(wxBitmap const &bitmap, double width, double height) const {
+  return bitmap.IsOk() && canReduce(bitmap.GetWidth(), width) &&
+         canReduce(bitmap.GetHeight(), height);
+}
+
+double DrawableScale(double scale) {
+  return std::clamp(UsableScale(scale), kMinScale, kMaxScale);
 }
 
 }  // namespace framenote

@@ -3,11 +3,13 @@
 
 #include <vector>
 
-#include <wx/font.h>
 #include <wx/gdicmn.h>
 #include <wx/geometry.h>
 
 #include "framenote/export.h"
+
+class wxBitmap;
+class wxFont;
 
 /// Brings geometry from documents within what surfaces can hold. What is cut off lies far outside
 /// any picture.
@@ -25,15 +27,21 @@ public:
   std::vector<wxPoint2DDouble> Points(std::vector<wxPoint2DDouble> points) const;
   /// Each edge on its own: a rectangle that reaches beyond the range is cut, not moved.
   wxRect Rect(wxRect const &rect) const;
+  /// The font at a size that the text system can lay out and render.
+  wxFont Font(wxFont const &font) const;
+  /// Whether there is a bitmap, and a size in picture pixels that it can be stretched to. What is
+  /// reduced further would not be seen, and the surface would stop painting for good.
+  bool CanStretch(wxBitmap const &bitmap, double width, double height) const;
 
 private:
+  bool canReduce(int pixels, double size) const;
+
+  double m_scale;
   double m_limit;
 };
 
 /// A scale that a surface can take and undo: 0.001 to 1000; 1 for one that is not positive and
 /// finite.
 FRAMENOTE_API double DrawableScale(double scale);
-/// The font at a size that the text system can lay out, 1 to 2000 points.
-FRAMENOTE_API wxFont DrawableFont(wxFont const &font);
 
 }  // namespace framenote

@@ -20,9 +20,7 @@ constexpr double kArc = 0.5522847498307933;
 /// Rectangles cover whole pixels, whose centres the coordinates name.
 constexpr double kHalfPixel = 0.5;
 
-/// The sides of a stretched bitmap, in picture pixels. A surface squeezed to less cannot be scaled
-/// back and would stop painting for good.
-constexpr double kMinImageSize = 1e-3;
+/// The greatest side of a stretched bitmap, in picture pixels.
 constexpr double kMaxImageSize = 1e6;
 
 constexpr std::size_t kBoxCorners = 4;
@@ -38,10 +36,6 @@ bool IsBox(DrawingPoints const &points) {
 }
 bool HasCorners(DrawingPoints const &points) {
   return points.size() >= kBoxCorners;
-}
-
-bool IsDrawableSize(double size) {
-  return std::isfinite(size) && size >= kMinImageSize;
 }
 
 wxPoint2DDouble Towards(wxPoint2DDouble const &from, wxPoint2DDouble const &corner) {
@@ -114,7 +108,6 @@ void DrawEllipseWithBorderCurves(wxGraphicsContext &context, DrawingPoints const
 
 void DrawImage(wxGraphicsContext &context, wxPoint2DDouble const &centre, double width,
                double height, double angle, wxBitmap const &bitmap) {
-  if (!bitmap.IsOk() || !IsDrawableSize(width) || !IsDrawableSize(height)) return;
   double const drawnWidth = std::min(width, kMaxImageSize);
   double const drawnHeight = std::min(height, kMaxImageSize);
   context.PushState();

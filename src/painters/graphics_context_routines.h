@@ -13,7 +13,8 @@ class wxGraphicsPath;
 class wxRect;
 
 /// Drawing on a graphics context that both painters share: the device-context painter comes here
-/// for what a DC cannot do. Boxes of curves are eight points, see IAnnPainter.
+/// for what a DC cannot do. Boxes of curves are eight points, see IAnnPainter; lists with too few
+/// points paint nothing. REQUIRES: coordinates within a DrawableRange.
 namespace framenote {
 
 using DrawingPoints = std::vector<wxPoint2DDouble>;
@@ -33,6 +34,7 @@ void FillRing(wxGraphicsContext &context, DrawingPoints const &outer, DrawingPoi
 void DrawEllipseWithBorderCurves(wxGraphicsContext &context, DrawingPoints const &outer,
                                  DrawingPoints const &inner, AnnShapeProperties const &properties);
 /// A bitmap stretched to a size and turned about its centre by `angle` radians.
+/// REQUIRES: DrawableRange::CanStretch.
 void DrawImage(wxGraphicsContext &context, wxPoint2DDouble const &centre, double width,
                double height, double angle, wxBitmap const &bitmap);
 
