@@ -41,7 +41,7 @@ JsonObject *CloneOf(JsonObject const &node) {
 
 std::size_t JsonObject::Find(std::string_view key) const {
   if (members.size() > kFewMembers) {
-    auto const it = index.find(std::string(key));
+    auto const it = index.find(key);
     return it == index.end() ? kNowhere : it->second;
   }
   for (std::size_t i = 0; i < members.size(); ++i) {
@@ -104,13 +104,17 @@ std::string Utf8Of(wxString const &text) {
 }
 
 wxString TextOf(std::string const &utf8) {
-  if (utf8.empty() || !IsAscii(utf8)) return wxString::FromUTF8(utf8.data(), utf8.size());
-  // Documents are long and nearly all ASCII: there each byte is a character.
+  if (!IsAscii(utf8)) return wxString::FromUTF8(utf8.data(), utf8.size());
+  // Documents are long and nearly all ASCII: there each byte is a character. By pieces that stay in
+  // the cache, and without filling the text first.
+  constexpr std::size_t kPiece = 4096;
+  wchar_t piece[kPiece];
   wxString text;
-  {
-    wxStringBufferLength buffer(text, utf8.size());
-    std::copy(utf8.begin(), utf8.end(), static_cast<wxChar *>(buffer));
-    buffer.SetLength(utf8.size());
+  text.reserve(utf8.size());
+  for (std::size_t at = 0; at < utf8.size(); at += kPiece) {
+    std::size_t const length = std::min(kPiece, utf8.size() - at);
+    std::copy_n(utf8.data() + at, length, piece);
+    text.append(piece, length);
   }
   return text;
 }

@@ -4,9 +4,10 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "talbase/json_value.h"
@@ -39,7 +40,8 @@ struct JsonObject : JsonNode {
   static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
   std::vector<JsonMember> members;
-  std::unordered_map<std::string, std::size_t> index;  ///< empty while members are few
+  /// Empty while members are few. Ordered, so that no choice of names makes it slow.
+  std::map<std::string, std::size_t, std::less<>> index;
 
   std::size_t Find(std::string_view key) const;
   /// The member's value; made as null if there is none.

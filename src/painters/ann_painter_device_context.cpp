@@ -25,13 +25,13 @@ constexpr int kThinPen = 1;
 std::unique_ptr<wxGraphicsContext> MakeContext(wxDC &dc) {
   wxGraphicsContext *context = nullptr;
   if (!dc.IsOk()) return nullptr;
-  if (auto *const memory = wxDynamicCast(&dc, wxMemoryDC)) {
+  if (auto *const memory = dynamic_cast<wxMemoryDC *>(&dc)) {
     wxBitmap target = memory->GetAsBitmap();
     memory->SelectObject(target);
     context = wxGraphicsContext::Create(*memory);
-  } else if (auto const *const window = wxDynamicCast(&dc, wxWindowDC)) {
+  } else if (auto const *const window = dynamic_cast<wxWindowDC const *>(&dc)) {
     context = wxGraphicsContext::Create(*window);
-  } else if (auto const *const printer = wxDynamicCast(&dc, wxPrinterDC)) {
+  } else if (auto const *const printer = dynamic_cast<wxPrinterDC const *>(&dc)) {
     context = wxGraphicsContext::Create(*printer);
   }
   return std::unique_ptr<wxGraphicsContext>(context);
@@ -45,13 +45,16 @@ int Count(std::vector<wxPoint> const &points) {
 
 AnnPainterDeviceContext::AnnPainterDeviceContext(wxDC &dc, double scale)
     : m_dc(&dc), m_range(framenote::DrawableScale(scale)) {
-  double const drawable = framenote::DrawableScale(scale);
-  m_dc->SetUserScale(drawable, drawable);
+  setScale(m_range.Scale());
 }
 
 void AnnPainterDeviceContext::ResetScale() {
-  m_dc->SetUserScale(1.0, 1.0);
+  setScale(1.0);
   m_range = framenote::DrawableRange(1.0);
+}
+
+void AnnPainterDeviceContext::setScale(double scale) {
+  m_dc->SetUserScale(scale, scale);
 }
 
 wxPoint AnnPainterDeviceContext::toPixel(wxPoint2DDouble const &point) const {
@@ -248,10 +251,15 @@ void AnnPainterDeviceContext::DrawText(wxPoint2DDouble const &position, double a
                                        wxColour const &colour) {
   if (!font.IsOk() || !colour.IsOk()) return;
   setTools(framenote::NoPen(), framenote::NoBrush());
-  m_dc->SetFont(m_range.Font(font));
-  m_dc->SetTextForeground(colour);
+  double const enlargement = m_range.TextEnlargement(font);
+  wxPoint const at = toPixel(position);
   double const degrees = std::isfinite(angle) ? angle * 180 / kPi : 0.0;
-  m_dc->DrawRotatedText(text, toPixel(position), degrees);
+  setScale(m_range.Scale() / enlargement);
+  m_dc->SetFont(m_range.Font(font, enlargement));
+  m_dc->SetTextForeground(colour);
+  m_dc->DrawRotatedText(text, framenote::RoundToPixel(at.x * enlargement),
+                        framenote::RoundToPixel(at.y * enlargement), degrees);
+  setScale(m_range.Scale());
 }
 
 void AnnPainterDeviceContext::DrawImage(wxPoint2DDouble const &centre, double width, double height,
@@ -270,7 +278,8 @@ void AnnPainterDeviceContext::GetTextExtent(wxString const &text, wxFont const &
                                             double &height, double &externalLeading) {
   width = height = externalLeading = 0.0;
   if (!font.IsOk()) return;
-  m_dc->SetFont(m_range.Font(font));
+  setScale(m_range.Scale() / m_range.TextEnlargement(font));
+  m_dc->SetFont(m_range.Font(font, 1.0));
   wxCoord lineWidth = 0;
   wxCoord lineHeight = 0;
   wxCoord leading = 0;
@@ -279,4 +288,5 @@ void AnnPainterDeviceContext::GetTextExtent(wxString const &text, wxFont const &
   width = size.x;
   height = size.y;
   externalLeading = leading;
+  setScale(m_range.Scale());
 }

@@ -59,6 +59,7 @@ public:
                      double &externalLeading) override;
 
 private:
+  void setScale(double scale);
   wxPoint toPixel(wxPoint2DDouble const &point) const;
   std::vector<wxPoint> toPixels(std::vector<wxPoint2DDouble> const &points) const;
   void setTools(wxPen const &pen, wxBrush const &brush);

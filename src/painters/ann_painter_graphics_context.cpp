@@ -27,12 +27,12 @@ constexpr unsigned char kFocusedAlpha = 0xAA;
 
 std::unique_ptr<wxGraphicsContext> MakeContext(wxObject *surface) {
   wxGraphicsContext *context = nullptr;
-  if (auto *const window = wxDynamicCast(surface, wxWindow)) {
+  if (auto *const window = dynamic_cast<wxWindow *>(surface)) {
     // A window that is not on the screen has nothing to paint on.
     if (window->GetHandle() && window->IsShownOnScreen()) {
       context = wxGraphicsContext::Create(window);
     }
-  } else if (auto const *const memory = wxDynamicCast(surface, wxMemoryDC)) {
+  } else if (auto const *const memory = dynamic_cast<wxMemoryDC const *>(surface)) {
     context = wxGraphicsContext::Create(*memory);
   }
   return std::unique_ptr<wxGraphicsContext>(context);
@@ -281,9 +281,14 @@ void AnnPainterGraphicsContext::DrawText(wxPoint2DDouble const &position, double
   if (!font.IsOk() || !colour.IsOk()) return;
   onContext([&](wxGraphicsContext &context) {
     SetTools(context, framenote::NoPen(), framenote::NoBrush());
-    context.SetFont(m_range.Font(font), colour);
+    double const enlargement = m_range.TextEnlargement(font);
     wxPoint2DDouble const topLeft = m_range.Point(position);
-    context.DrawText(text, topLeft.m_x, topLeft.m_y, std::isfinite(angle) ? angle : 0.0);
+    context.PushState();
+    context.Translate(topLeft.m_x, topLeft.m_y);
+    context.Scale(1.0 / enlargement, 1.0 / enlargement);
+    context.SetFont(m_range.Font(font, enlargement), colour);
+    context.DrawText(text, 0.0, 0.0, std::isfinite(angle) ? angle : 0.0);
+    context.PopState();
   });
 }
 
@@ -309,7 +314,11 @@ void AnnPainterGraphicsContext::GetTextExtent(wxString const &text, wxFont const
   width = height = externalLeading = 0.0;
   if (!font.IsOk()) return;
   onContext([&](wxGraphicsContext &context) {
-    context.SetFont(m_range.Font(font), *wxBLACK);
+    double const enlargement = m_range.TextEnlargement(font);
+    context.PushState();
+    context.Scale(1.0 / enlargement, 1.0 / enlargement);
+    context.SetFont(m_range.Font(font, 1.0), *wxBLACK);
     context.GetTextExtent(text, &width, &height, nullptr, &externalLeading);
+    context.PopState();
   });
 }

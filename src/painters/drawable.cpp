@@ -19,9 +19,9 @@ constexpr double kMinScale = 1e-3;
 constexpr double kMaxScale = 1e3;
 constexpr double kMinPoints = 1.0;
 constexpr double kMaxPoints = 2000.0;
-/// Points on the surface: glyphs of 2^15 pixels and more cannot be rendered, and a desktop may ask
-/// for twice as many pixels to a point as the 4/3 of a plain one.
-constexpr double kMaxSurfacePoints = 12000.0;
+/// The text system fails, and the surface with it, where the size of a font in pixels, multiplied
+/// by the square of the scale, reaches 2^16. A desktop may ask for 8/3 pixels to a point.
+constexpr double kMaxSurfacePoints = 24000.0;
 
 /// Bitmap pixels to one of the surface, which counts such steps to 2^15.
 constexpr double kMaxReduction = 30000.0;
@@ -57,13 +57,21 @@ wxRect DrawableRange::Rect(wxRect const &rect) const {
   return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
-wxFont DrawableRange::Font(wxFont const &font) const {
-  if (!font.IsOk()) return font;
+double DrawableRange::heldPoints(wxFont const &font) const {
   double const most = std::min(kMaxPoints, kMaxSurfacePoints / m_scale);
-  double const points = font.GetFractionalPointSize();
-  if (points >= kMinPoints && points <= most) return font;
+  return std::clamp(font.GetFractionalPointSize(), kMinPoints, most);
+}
+
+double DrawableRange::TextEnlargement(wxFont const &font) const {
+  bool const renderable = heldPoints(font) * m_scale * m_scale <= kMaxSurfacePoints;
+  return renderable ? 1.0 : m_scale;
+}
+
+wxFont DrawableRange::Font(wxFont const &font, double enlargement) const {
+  double const points = heldPoints(font) * enlargement;
+  if (points == font.GetFractionalPointSize()) return font;
   wxFont drawable = font;
-  drawable.SetFractionalPointSize(std::clamp(points, kMinPoints, most));
+  drawable.SetFractionalPointSize(points);
   return drawable;
 }
 

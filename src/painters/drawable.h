@@ -27,13 +27,18 @@ public:
   std::vector<wxPoint2DDouble> Points(std::vector<wxPoint2DDouble> points) const;
   /// Each edge on its own: a rectangle that reaches beyond the range is cut, not moved.
   wxRect Rect(wxRect const &rect) const;
-  /// The font at a size that the text system can lay out and render.
-  wxFont Font(wxFont const &font) const;
+  double Scale() const { return m_scale; }
+  /// How many times larger text must be set on a surface whose scale is taken back as many times,
+  /// as it cannot be rendered under the whole scale: 1 where it can. REQUIRES: the font is Ok.
+  double TextEnlargement(wxFont const &font) const;
+  /// The font so many times larger, at a size that can be rendered. REQUIRES: the font is Ok.
+  wxFont Font(wxFont const &font, double enlargement) const;
   /// Whether there is a bitmap, and a size in picture pixels that it can be stretched to. What is
   /// reduced further would not be seen, and the surface would stop painting for good.
   bool CanStretch(wxBitmap const &bitmap, double width, double height) const;
 
 private:
+  double heldPoints(wxFont const &font) const;
   bool canReduce(int pixels, double size) const;
 
   double m_scale;

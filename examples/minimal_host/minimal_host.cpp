@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// The smallest host: shows a picture, lets the user annotate it, and keeps the document.
+//
+//   minimal_host PICTURE [DOCUMENT [ZOOM]]    ZOOM in percent; Ctrl+S saves to DOCUMENT
+#include <memory>
+
+#include <wx/ffile.h>
+#include <wx/wx.h>
+
+#include "framenote/annotation_events.h"
+#include "framenote/annotation_tool.h"
+#include "modes/ann_shape_tool_mode.h"
+#include "talbase/json_text.h"
+
+namespace {
+
+enum MenuId { kSelect = wxID_HIGHEST, kRectangle, kEllipse, kArrow, kPencil, kZoomIn, kZoomOut };
+
+/// The picture with the annotations. A picture point p is shown at (p + offset) * scale. The wheel
+/// scrolls, with Shift sideways, and zooms with Ctrl.
+class Canvas : public wxWindow {
+public:
+  Canvas(wxWindow *parent, wxImage const &picture, std::shared_ptr<AnnotationTool> tool)
+      : wxWindow(parent, wxID_ANY), m_picture(picture), m_tool(std::move(tool)) {
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Bind(wxEVT_PAINT, &Canvas::OnPaint, this);
+    for (auto const &type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_MOTION, wxEVT_RIGHT_UP}) {
+      Bind(type, &Canvas::OnMouse, this);
+    }
+    Bind(wxEVT_MOUSEWHEEL, &Canvas::OnWheel, this);
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent &) {});
+  }
+
+  void ZoomBy(double factor) {
+    m_scale = std::min(std::max(m_scale * factor, 0.1), 16.0);
+    Refresh();
+  }
+  /// By picture pixels. The offset stays whole, so that the picture and the annotations agree.
+  void ScrollBy(int x, int y) {
+    m_offset.x = std::min(0, std::max(m_offset.x - x, -m_picture.GetWidth()));
+    m_offset.y = std::min(0, std::max(m_offset.y - y, -m_picture.GetHeight()));
+    Refresh();
+  }
+
+private:
+  // The graphics-context painter paints on the window itself, so the picture must be there before:
+  // a plain paint DC, not a buffered one.
+  void OnPaint(wxPaintEvent &) {
+    wxPaintDC dc(this);
+    dc.SetBackground(*wxGREY_BRUSH);
+    dc.Clear();
+    dc.SetUserScale(m_scale, m_scale);
+    dc.DrawBitmap(m_picture, m_offset);
+    dc.SetUserScale(1.0, 1.0);
+    m_tool->Draw(dc, this, m_offset, m_scale);
+  }
+
+  void OnMouse(wxMouseEvent &event) {
+    if (event.LeftDown() && !HasCapture()) CaptureMouse();
+    if (event.LeftUp() && HasCapture()) ReleaseMouse();
+    wxPoint const pixel(wxRound(event.GetX() / m_scale), wxRound(event.GetY() / m_scale));
+    SetCursor(m_tool->ProcessMouseEvent(pixel - m_offset, event, m_scale, m_offset));
+    Refresh();
+  }
+
+  void OnWheel(wxMouseEvent &event) {
+    int const step = event.GetWheelRotation() > 0 ? -40 : 40;
+    if (event.ControlDown()) return ZoomBy(step < 0 ? 1.25 : 0.8);
+    ScrollBy(event.ShiftDown() ? step : 0, event.ShiftDown() ? 0 : step);
+  }
+
+  wxBitmap m_picture;
+  std::shared_ptr<AnnotationTool> m_tool;
+  double m_scale = 1.0;
+  wxPoint m_offset;
+};
+
+class Frame : public wxFrame {
+public:
+  Frame(wxImage const &picture, wxString const &document, double zoom)
+      : wxFrame(nullptr, wxID_ANY, "Framenote", wxDefaultPosition, wxSize(1000, 760)),
+        m_document(document),
+        m_tool(std::make_shared<AnnotationTool>(
+            AnnotationToolConfig(false, false, true, true, false, {}))),
+        m_canvas(new Canvas(this, picture, m_tool)) {  // owned by this frame
+    m_tool->InitGui(this, this, m_tool);
+    m_tool->SetImage(picture, true);
+    wxString text;
+    if (wxFileExists(document) && wxFFile(document).ReadAll(&text)) {
+      m_tool->FromJSON(JsonFromText(text), 1);
+    }
+    m_tool->UpdateMediaInfo({0, 1, false});  // the first frame of one: a still picture
+    m_canvas->ZoomBy(zoom);
+    auto *const menu = new wxMenu;  // owned by the menu bar
+    Add(*menu, kSelect, "Select\tF1", [this] { m_tool->Deactivate(); });
+    Add(*menu, kRectangle, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
+    Add(*menu, kEllipse, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
+    Add(*menu, kArrow, "Arrow\tF4", [this] { m_tool->SetActiveTool(Types::Arrow); });
+    Add(*menu, kPencil, "Pencil\tF5", [this] { m_tool->SetActiveTool(Types::Pencil); });
+    Add(*menu, kZoomIn, "Zoom in\tF6", [this] { m_canvas->ZoomBy(2.0); });
+    Add(*menu, kZoomOut, "Zoom out\tF7", [this] { m_canvas->ZoomBy(0.5); });
+    Add(*menu, wxID_SAVE, "Save\tCtrl+S", [this] { Save(); });
+    SetMenuBar(new wxMenuBar);  // owned by this frame
+    GetMenuBar()->Append(menu, "Annotate");
+  }
+  ~Frame() override { m_tool->UnlinkGui(); }
+
+private:
+  template <class Action>
+  void Add(wxMenu &menu, int id, wxString const &label, Action action) {
+    menu.Append(id, label);
+    Bind(
+        wxEVT_MENU, [action](wxCommandEvent &) { action(); }, id);
+  }
+
+  void Draw(AnnShapeProperties::Shape shape) {
+    m_tool->Deactivate();
+    m_tool->GetToolModes().shape->m_properties->SetShape(shape);
+    m_tool->SetActiveTool(Types::Shape);
+  }
+
+  void Save() {
+    m_tool->Deactivate();  // whatever is being edited ends, and the document is up to date
+    wxJSONValue annotations(wxJSONTYPE_OBJECT);
+    annotations.Set(AnnotationJsonChangedEvent::m_annotateKey, m_tool->GetJSON());
+    wxFFile file(m_document, "w");
+    if (!file.IsOpened() || !file.Write(JsonToText(annotations))) wxLogError("Not saved.");
+  }
+
+  wxString m_document;
+  std::shared_ptr<AnnotationTool> m_tool;
+  Canvas *m_canvas;
+};
+
+class App : public wxApp {
+public:
+  bool OnInit() override {
+    wxInitAllImageHandlers();
+    wxImage const picture(argc > 1 ? argv[1] : wxString());
+    if (!picture.IsOk()) return false;
+    wxString const document = argc > 2 ? argv[2] : wxString("annotations.json");
+    double const zoom = argc > 3 ? wxAtoi(argv[3]) / 100.0 : 1.0;
+    return (new Frame(picture, document, zoom))->Show();  // owned by itself
+  }
+};
+
+}  // namespace
+
+wxIMPLEMENT_APP(App);
