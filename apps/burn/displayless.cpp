@@ -31,6 +31,8 @@ DisplaylessSession::DisplaylessSession() : m_isOk(wxInitialize()) {
   wxDisableAsserts();
   wxLog::EnableLogging(false);
   StockFontSeed::Plant();
+  // The JPEG decoder prints its warnings itself, past the log.
+  wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
   wxInitAllImageHandlers();
 }
 

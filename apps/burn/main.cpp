@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // framenote-burn: a picture and a document in, the picture with the annotations burnt in out.
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -13,7 +14,11 @@ namespace {
 
 enum ExitCode { kDone = 0, kInputError = 1, kArgumentError = 2, kOutputError = 3 };
 
-int Fail(ExitCode code, std::string const &message) {
+/// Exactly one line, whatever the names in the message hold.
+int Fail(ExitCode code, std::string message) {
+  for (char &letter : message) {
+    if (letter == '\n' || letter == '\r') letter = '?';
+  }
   std::fprintf(stderr, "framenote-burn: %s\n", message.c_str());
   return code;
 }
@@ -36,6 +41,8 @@ int Run(BurnOptions const &options) {
 }  // namespace
 
 int main(int argc, char **argv) {
+  // A file beyond the size limit is then a failed write, which is reported and cleaned up after.
+  std::signal(SIGXFSZ, SIG_IGN);
   std::string error;
   BurnOptions const options =
       ParseBurnOptions(std::vector<std::string>(argv + 1, argv + argc), error);
