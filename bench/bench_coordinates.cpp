@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <chrono>
-#include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 #include <benchmark/benchmark.h>
 #include <wx/gdicmn.h>
 
 #include "coordinates/ann_shape_coordinates.h"
+#include "side_by_side.h"
 
 /// What the operations of a store cost on a long video. Every figure is a ratio to one pass over
 /// the bytes of the store's vector, measured beside it, so that it holds on any machine.
 namespace {
-
-using Clock = std::chrono::steady_clock;
-using Seconds = std::chrono::duration<double>;
 
 constexpr std::int64_t kFrames = 1000000;
 constexpr std::int64_t kEvery = 100;  ///< in the edited store, a frame with a record of its own
@@ -34,38 +29,10 @@ AnnShapeCoordinates EditedStore() {
   return store;
 }
 
-/// Sums the bytes of the vector as 64-bit words.
-std::uint64_t PassOver(AnnShapeCoordinates const &store) {
-  auto const *bytes = reinterpret_cast<unsigned char const *>(store.CoordsVec().data());
-  std::size_t const size = store.CoordsVec().size() * sizeof(std::shared_ptr<AnnShapePoints>);
-  std::uint64_t sum = 0;
-  for (std::size_t at = 0; at < size; at += sizeof sum) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes + at, sizeof word);
-    sum += word;
-  }
-  return sum;
-}
-
+/// Runs `work` and one pass in turn.
 template <class F>
-double TimeOf(F work) {
-  auto const start = Clock::now();
-  work();
-  return Seconds(Clock::now() - start).count();
-}
-
-/// Runs `work` and one pass in turn and reports the ratio of their total times.
-template <class F>
-void ReportRatio(benchmark::State &state, AnnShapeCoordinates const &store, F work) {
-  double worked = 0.0;
-  double passed = 0.0;
-  for (auto _ : state) {
-    double const seconds = TimeOf(work);
-    state.SetIterationTime(seconds);
-    worked += seconds;
-    passed += TimeOf([&] { benchmark::DoNotOptimize(PassOver(store)); });
-  }
-  state.counters["ratio"] = worked / passed;
+void ReportRatio(benchmark::State &state, AnnShapeCoordinates const &store, F const &work) {
+  framenote::bench::SideBySide(state, work, [&] { framenote::bench::PassOver(store.CoordsVec()); });
 }
 
 void GetRangesOfAStillObject(benchmark::State &state) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cstdint>
-#include <cstring>
 #include <memory>
 
 #include "framenote/annotation_tool.h"
@@ -12,18 +11,6 @@
 namespace {
 
 constexpr std::int64_t kFrames = 1000000;
-
-std::uint64_t PassOver(AnnShapeCoordinates const &store) {
-  auto const *bytes = reinterpret_cast<unsigned char const *>(store.CoordsVec().data());
-  std::size_t const size = store.CoordsVec().size() * sizeof(std::shared_ptr<AnnShapePoints>);
-  std::uint64_t sum = 0;
-  for (std::size_t at = 0; at < size; at += sizeof sum) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes + at, sizeof word);
-    sum += word;
-  }
-  return sum;
-}
 
 void ContainingRectOfAStillObject(benchmark::State &state) {
   auto const tool =
@@ -37,7 +24,7 @@ void ContainingRectOfAStillObject(benchmark::State &state) {
         shape.SetEndFrame(kFrames - 1);  // drops the cached rectangle
         benchmark::DoNotOptimize(shape.GetContainingRect());
       },
-      [&] { benchmark::DoNotOptimize(PassOver(shape.GetCoordinates())); });
+      [&] { framenote::bench::PassOver(shape.GetCoordinates().CoordsVec()); });
 }
 
 BENCHMARK(ContainingRectOfAStillObject)->UseManualTime()->Iterations(101);

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -39,6 +42,21 @@ void SideBySide(benchmark::State &state, Ours const &ours, Reference const &refe
   double const referenceMedian = MedianOf(referenceTimes);
   state.counters["ratio"] = ourMedian / referenceMedian;
   state.counters["reference_ms"] = referenceMedian * 1e3;
+}
+
+/// One pass over the bytes of a vector, summed as 64-bit words.
+template <class T>
+void PassOver(std::vector<T> const &vector) {
+  static_assert(sizeof(T) % sizeof(std::uint64_t) == 0);
+  auto const *const bytes = reinterpret_cast<unsigned char const *>(vector.data());
+  std::size_t const size = vector.size() * sizeof(T);
+  std::uint64_t sum = 0;
+  for (std::size_t at = 0; at < size; at += sizeof sum) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes + at, sizeof word);
+    sum += word;
+  }
+  benchmark::DoNotOptimize(sum);
 }
 
 }  // namespace framenote::bench

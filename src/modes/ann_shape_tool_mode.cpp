@@ -6,14 +6,13 @@
 #include "coordinates/pixel_geometry.h"
 #include "framenote/annotation_tool.h"
 #include "objects/ann_shape.h"
-#include "objects/painting_offset.h"
+#include "objects/object_painting.h"
 #include "painters/ann_painter.h"
+#include "painters/drawing_tools.h"
+
+using framenote::IsVisible;
 
 namespace {
-
-bool IsVisible(wxColour const &colour) {
-  return colour.IsOk() && colour.Alpha() != 0;
-}
 
 /// Whether a border of `thickness` leaves an inside.
 bool HasRoom(wxRect const &rect, int thickness) {

@@ -5,7 +5,7 @@
 
 #include "modes/ann_arrow_tool_mode.h"
 #include "objects/arrow_geometry.h"
-#include "objects/painting_offset.h"
+#include "objects/object_painting.h"
 #include "objects/recorded_object_impl.h"
 #include "painters/ann_painter.h"
 
@@ -14,8 +14,7 @@ template class framenote::RecordedObject<AnnArrow, AnnArrowToolMode, AnnArrowPro
 
 namespace {
 
-/// Pixels on the screen within which an end is hit.
-constexpr double kHandleTolerance = 15.0;
+/// Picture pixels within which an end is hit at any zoom.
 constexpr double kLeastTolerance = 0.5;
 /// An arrow up to this length, in thicknesses, is all head.
 constexpr double kHeadOnlyLength = 3.0;
@@ -105,10 +104,8 @@ void AnnArrow::drawEnds(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble c
                         double scale, bool selected) const {
   auto const record = currentRecord();
   if (!painter || !record) return;
-  auto const points =
-      framenote::OnScreen({wxPoint2DDouble(record->m_head), wxPoint2DDouble(record->m_tail)},
-                          framenote::PaintingOffset(painter, offset), scale);
-  painter->DrawOutline(points, m_pointMarkerRadius, selected, m_outlineWithoutLines);
+  framenote::DrawEndMarkers(painter, wxPoint2DDouble(record->m_head),
+                            wxPoint2DDouble(record->m_tail), offset, scale, selected);
 }
 
 bool AnnArrow::Contains(wxPoint2DInt const &point) const {
@@ -131,8 +128,7 @@ bool AnnArrow::IsAtResizePoint(wxPoint2DInt const &point, wxStockCursor &cursor)
   m_activeHandle = 0;
   auto const record = currentRecord();
   if (!record) return false;
-  double const scale = framenote::UsableScale(m_toolMode->GetToolScale());
-  double const tolerance = std::max(kHandleTolerance / scale, kLeastTolerance);
+  double const tolerance = handleTolerance(kLeastTolerance);
   wxPoint2DDouble const pointer(point);
   wxPoint2DDouble const head(record->m_head);
   wxPoint2DDouble const tail(record->m_tail);

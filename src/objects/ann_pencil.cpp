@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "modes/ann_pencil_tool_mode.h"
-#include "objects/painting_offset.h"
+#include "objects/object_painting.h"
 #include "objects/recorded_object_impl.h"
 #include "painters/ann_painter.h"
 #include "talbase/json_conversions.h"
@@ -122,10 +122,8 @@ void AnnPencil::drawEnds(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble 
                          double scale, bool selected) const {
   auto const record = currentRecord();
   if (!painter || !record || record->m_path.empty()) return;
-  auto const points = framenote::OnScreen(
-      {wxPoint2DDouble(record->m_path.front()), wxPoint2DDouble(record->m_path.back())},
-      framenote::PaintingOffset(painter, offset), scale);
-  painter->DrawOutline(points, m_pointMarkerRadius, selected, m_outlineWithoutLines);
+  framenote::DrawEndMarkers(painter, wxPoint2DDouble(record->m_path.front()),
+                            wxPoint2DDouble(record->m_path.back()), offset, scale, selected);
 }
 
 bool AnnPencil::Contains(wxPoint2DInt const &point) const {

@@ -6,14 +6,16 @@
 #include "modes/ann_shape_tool_mode.h"
 #include "objects/recorded_object_impl.h"
 #include "objects/shape_geometry.h"
+#include "painters/drawing_tools.h"
 
 template class framenote::RecordedObject<AnnShape, AnnShapeToolMode, AnnShapeProperties,
                                          AnnShapeCoordinates>;
 
+using framenote::IsVisible;
+
 namespace {
 
-/// Pixels on the screen within which a handle is hit.
-constexpr double kHandleTolerance = 15.0;
+/// Picture pixels within which a handle is hit at any zoom.
 constexpr double kLeastResizeTolerance = 0.5;
 constexpr double kLeastRotationTolerance = 1.0;
 
@@ -23,10 +25,6 @@ constexpr std::array<wxPoint2DDouble AnnShapePoints::*, 8> kHandlePoints = {
     &AnnShapePoints::m_topRight,    &AnnShapePoints::m_rightResizePoint,
     &AnnShapePoints::m_bottomRight, &AnnShapePoints::m_bottomResizePoint,
     &AnnShapePoints::m_bottomLeft,  &AnnShapePoints::m_leftResizePoint};
-
-bool IsVisible(wxColour const &colour) {
-  return colour.IsOk() && colour.Alpha() != 0;
-}
 
 }  // namespace
 
@@ -75,8 +73,7 @@ bool AnnShape::IsAtResizePoint(wxPoint2DInt const &point, wxStockCursor &cursor)
   m_activeHandle = 0;
   auto const record = currentRecord();
   if (!record) return false;
-  double const scale = framenote::UsableScale(m_toolMode->GetToolScale());
-  double const tolerance = std::max(kHandleTolerance / scale, kLeastResizeTolerance);
+  double const tolerance = handleTolerance(kLeastResizeTolerance);
   for (std::size_t i = 0; i < kHandlePoints.size(); ++i) {
     if (!((*record.*kHandlePoints[i]).GetDistance(wxPoint2DDouble(point)) <= tolerance)) continue;
     m_activeHandle = static_cast<int>(i) + 1;
@@ -93,8 +90,7 @@ bool AnnShape::IsAtRotationPoint(wxPoint2DInt const &point) {
   deriveCurrentRecord([this](AnnShapePoints &record) { FindRotationPoint(record, false); });
   auto const record = currentRecord();
   if (!record) return false;
-  double const scale = framenote::UsableScale(m_toolMode->GetToolScale());
-  double const tolerance = std::max(kHandleTolerance / scale, kLeastRotationTolerance);
+  double const tolerance = handleTolerance(kLeastRotationTolerance);
   return record->m_rotationPoint.GetDistance(wxPoint2DDouble(point)) <= tolerance;
 }
 

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "modes/ann_shape_tool_mode.h"
 #include "objects/ann_shape.h"
-#include "objects/painting_offset.h"
+#include "objects/object_painting.h"
 #include "objects/recorded_object_impl.h"
 #include "painters/ann_painter.h"
+#include "painters/drawing_tools.h"
+
+using framenote::IsVisible;
 
 namespace {
 
 /// Where the top side's middle stands among the resize points.
 constexpr std::size_t kTopMiddle = 4;
-
-bool IsVisible(wxColour const &colour) {
-  return colour.IsOk() && colour.Alpha() != 0;
-}
 
 /// The closed centre line of the border: a line of the border's width along it covers what lies
 /// between the outline and the inner polygon.

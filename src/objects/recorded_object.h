@@ -59,6 +59,9 @@ protected:
   /// rectangle at the origin takes part in the sum.
   template <class Bounds>
   wxRect sumOverRuns(Bounds const &bounds);
+  /// How far from a handle it is still hit, in picture pixels: 15 on the screen, but not less than
+  /// `least`.
+  double handleTolerance(double least) const;
   /// Completes the mirror of a new object.
   void initJSONValOfNewObject();
   void setJSONValProperties();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <mutex>
 
 #include "coordinates/pixel_geometry.h"
@@ -147,6 +148,12 @@ void RecordedObject<Kind, Mode, Properties, Store>::OnObjectModified() {
 template <class Kind, class Mode, class Properties, class Store>
 void RecordedObject<Kind, Mode, Properties, Store>::OnVideoLengthIncreased(std::int64_t length) {
   m_coordinates.ResizeCoordsVec(length);
+}
+
+template <class Kind, class Mode, class Properties, class Store>
+double RecordedObject<Kind, Mode, Properties, Store>::handleTolerance(double least) const {
+  constexpr double kOnScreen = 15.0;
+  return std::max(kOnScreen / UsableScale(m_toolMode->GetToolScale()), least);
 }
 
 template <class Kind, class Mode, class Properties, class Store>

@@ -21,6 +21,10 @@ int VisibleWidth(int width) {
 
 }  // namespace
 
+bool IsVisible(wxColour const &colour) {
+  return colour.IsOk() && colour.Alpha() != wxALPHA_TRANSPARENT;
+}
+
 wxPen NoPen() {
   return *wxTRANSPARENT_PEN;
 }

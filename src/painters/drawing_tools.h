@@ -11,6 +11,9 @@
 /// gives a tool that paints nothing.
 namespace framenote {
 
+/// Whether what is painted in the colour can be seen: a null colour counts as transparent.
+FRAMENOTE_API bool IsVisible(wxColour const &colour);
+
 FRAMENOTE_API wxPen NoPen();
 FRAMENOTE_API wxBrush NoBrush();
 FRAMENOTE_API wxBrush SolidBrush(wxColour const &colour);

@@ -17,6 +17,11 @@ namespace framenote {
 FRAMENOTE_API wxPoint2DDouble PaintingOffset(std::unique_ptr<IAnnPainter> const &painter,
                                              wxPoint2DDouble const &offset);
 
+/// The markers at both ends of an object that has no box; `offset` is the caller's, unchanged.
+FRAMENOTE_API void DrawEndMarkers(std::unique_ptr<IAnnPainter> &painter,
+                                  wxPoint2DDouble const &first, wxPoint2DDouble const &last,
+                                  wxPoint2DDouble const &offset, double scale, bool selected);
+
 /// Picture points as screen points: each plus `offset`, times `scale`.
 FRAMENOTE_API std::vector<wxPoint2DDouble> OnScreen(std::vector<wxPoint2DDouble> points,
                                                     wxPoint2DDouble const &offset, double scale);
