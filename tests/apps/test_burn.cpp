@@ -1,0 +1,496 @@
+// SPDX-License-Identifier: MIT
+// Runs framenote-burn as a process, as its users do.
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <ostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <wx/image.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Arguments = std::vector<std::string>;
+
+constexpr int kWidth = 200;
+constexpr int kHeight = 100;
+constexpr int kRed = 0xFF0000;
+constexpr int kGreen = 0x00FF00;
+
+/// The test picture's colour: no two neighbours are the same, and none is red or green.
+int GroundAt(int x, int y) {
+  return x << 16 | y << 8 | 0x4D;
+}
+
+int ColourAt(wxImage const &image, int x, int y) {
+  return image.GetRed(x, y) << 16 | image.GetGreen(x, y) << 8 | image.GetBlue(x, y);
+}
+
+std::string ReadAll(fs::path const &path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteAll(fs::path const &path, std::string const &bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+/// One run of coordinates: a rectangle given by two corners, in the frames first to last.
+std::string Span(std::string const &frames, std::string const &left, std::string const &top,
+                 std::string const &right, std::string const &bottom) {
+  return R"({"TopLeft":[)" + left + "," + top + R"(],"TopRight":[)" + right + "," + top +
+         R"(],"BottomRight":[)" + right + "," + bottom + R"(],"BottomLeft":[)" + left + "," +
+         bottom + R"(],"Range":[)" + frames + "]}";
+}
+
+/// A red rectangle without a border.
+std::string RedShape(std::string const &start, std::string const &end, std::string const &runs) {
+  return R"({"Id":2,"StartFrame":)" + start + R"(,"EndFrame":)" + end +
+         R"(,"Properties":{"Shape":0,"BorderColor":"#0000FFFF","BorderColorTransparent":true,)"
+         R"("FillColor":"#FF0000FF","FillColorTransparent":false,"Thickness":1},"Coordinates":[)" +
+         runs + "]}";
+}
+
+std::string Document(std::string const &objects, std::string const &extensionColor = "null") {
+  return R"({"Annotate":{"ExtensionColor":)" + extensionColor + R"(,"Objects":[)" + objects + "]}}";
+}
+
+// Burning in shifts objects by half a pixel, so these corners lie on the borders of the pixels
+// 10 to 109 and 20 to 69.
+std::string const kOnWholePixels = Span("0,0", "9.5", "19.5", "109.5", "69.5");
+std::string const kDocument = Document(RedShape("0", "0", kOnWholePixels));
+
+bool IsInRectangle(int x, int y) {
+  return x >= 10 && x <= 109 && y >= 20 && y <= 69;
+}
+
+struct Outcome {
+  int code = -1;  ///< the exit code, or minus the signal
+  std::string out;
+  std::string err;
+  long maxKilobytes = 0;
+};
+
+class Burn : public testing::Test {
+protected:
+  void SetUp() override {
+    std::string folder = (fs::temp_directory_path() / "framenote-burn-XXXXXX").string();
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    m_folder = folder;
+    wxImage picture(kWidth, kHeight);
+    for (int y = 0; y < kHeight; ++y) {
+      for (int x = 0; x < kWidth; ++x) {
+        int const colour = GroundAt(x, y);
+        picture.SetRGB(x, y, static_cast<unsigned char>(colour >> 16),
+                       static_cast<unsigned char>(colour >> 8 & 0xFF),
+                       static_cast<unsigned char>(colour & 0xFF));
+      }
+    }
+    ASSERT_TRUE(picture.SaveFile(In("in.png"), wxBITMAP_TYPE_PNG));
+    WriteAll(In("doc.json"), kDocument);
+  }
+
+  void TearDown() override {
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+  }
+
+  std::string In(std::string const &name) const { return (m_folder / name).string(); }
+
+  /// The usual arguments, and more after them.
+  Arguments Usual(Arguments const &more = {}, std::string const &document = "doc.json",
+                  std::string const &input = "in.png", std::string const &output = "out.png") {
+    Arguments arguments = {"--document", In(document), "--input",
+                           In(input),    "--output",   In(output)};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+  }
+
+  /// Runs the program; `prepare` is called in the new process before the program starts.
+  Outcome RunProgram(
+      Arguments arguments, std::function<void()> const &prepare = [] {}) {
+    arguments.insert(arguments.begin(), FRAMENOTE_BURN_PROGRAM);
+    std::vector<char *> pointers;
+    for (std::string &argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    fs::path const logs = m_folder.string() + "-log";
+    fs::create_directory(logs);
+    std::string const out = (logs / "out").string();
+    std::string const err = (logs / "err").string();
+    pid_t const child = fork();
+    if (child == 0) {
+      dup2(open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+      dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+      prepare();
+      execv(FRAMENOTE_BURN_PROGRAM, pointers.data());
+      _exit(127);
+    }
+    Outcome outcome = WaitFor(child);
+    outcome.out = ReadAll(out);
+    outcome.err = ReadAll(err);
+    fs::remove_all(logs);
+    return outcome;
+  }
+
+  /// The names in the folder, sorted: what a run left there.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (auto const &entry : fs::directory_iterator(m_folder)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  wxImage Result(std::string const &name = "out.png") const { return wxImage(In(name)); }
+
+  fs::path m_folder;
+
+private:
+  static Outcome WaitFor(pid_t child) {
+    Outcome outcome;
+    int status = 0;
+    rusage usage = {};
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (wait4(child, &status, WNOHANG, &usage) == 0) {
+      if (std::chrono::steady_clock::now() > deadline) kill(child, SIGKILL);
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    outcome.code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    outcome.maxKilobytes = usage.ru_maxrss;
+    return outcome;
+  }
+};
+
+/// A run that must fail: its exit code, and one line that names the program and says `why`.
+void ExpectFailure(Outcome const &outcome, int code, std::string const &why) {
+  EXPECT_EQ(outcome.code, code) << outcome.err;
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err.rfind("framenote-burn: ", 0), 0u) << outcome.err;
+  EXPECT_NE(outcome.err.find(why), std::string::npos) << outcome.err;
+  EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+  EXPECT_EQ(outcome.err.empty() ? '\0' : outcome.err.back(), '\n');
+}
+
+void ExpectSuccess(Outcome const &outcome) {
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+}
+
+void ExpectRectangleOnGround(wxImage const &image) {
+  ASSERT_TRUE(image.IsOk());
+  ASSERT_EQ(image.GetSize(), wxSize(kWidth, kHeight));
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) {
+      int const expected = IsInRectangle(x, y) ? kRed : GroundAt(x, y);
+      ASSERT_EQ(ColourAt(image, x, y), expected) << "at " << x << ", " << y;
+    }
+  }
+}
+
+class BurnPainter : public Burn, public testing::WithParamInterface<char const *> {};
+
+TEST_P(BurnPainter, AFilledRectangleTurnsExactlyItsPixelsRed) {
+  ExpectSuccess(RunProgram(Usual({"--painter", GetParam()})));
+  ExpectRectangleOnGround(Result());
+}
+
+TEST_P(BurnPainter, TheBytesAreTheSameWithADesktopOfAnyScaleAndWithNone) {
+  Arguments const painter = {"--painter", GetParam()};
+  ASSERT_NE(std::getenv("DISPLAY"), nullptr) << "the tests run on a display";
+  ExpectSuccess(RunProgram(Usual(painter, "doc.json", "in.png", "with.png"), [] {
+    setenv("GDK_SCALE", "2", 1);
+    setenv("GDK_DPI_SCALE", "1.5", 1);
+  }));
+  ExpectSuccess(RunProgram(Usual(painter, "doc.json", "in.png", "without.png"), [] {
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    unsetenv("HOME");
+  }));
+  ExpectSuccess(RunProgram(Usual(painter, "doc.json", "in.png", "broken.png"),
+                           [] { setenv("DISPLAY", ":no-such-display", 1); }));
+  std::string const with = ReadAll(In("with.png"));
+  EXPECT_EQ(with.substr(1, 3), "PNG");
+  EXPECT_EQ(with == ReadAll(In("without.png")), true);
+  EXPECT_EQ(with == ReadAll(In("broken.png")), true);
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, BurnPainter, testing::Values("gc", "dc"),
+                         [](auto const &row) { return std::string(row.param); });
+
+TEST_F(Burn, ThePainterIsTheAntiAliasedOneUnlessToldOtherwise) {
+  // A slanted quadrilateral, so that the two painters differ along its sides.
+  WriteAll(In("doc.json"),
+           Document(RedShape("0", "0",
+                             R"({"TopLeft":[10,20],"TopRight":[110,37],"BottomRight":[104,77],)"
+                             R"("BottomLeft":[4,60],"Range":[0,0]})")));
+  ExpectSuccess(RunProgram(Usual()));
+  ExpectSuccess(RunProgram(Usual({"--painter=gc"}, "doc.json", "in.png", "gc.png")));
+  ExpectSuccess(RunProgram(Usual({"--painter=dc"}, "doc.json", "in.png", "dc.png")));
+  EXPECT_EQ(ReadAll(In("out.png")) == ReadAll(In("gc.png")), true);
+  EXPECT_EQ(ReadAll(In("out.png")) == ReadAll(In("dc.png")), false);
+}
+
+TEST_F(Burn, AnObjectIsBurntInWhereItIsPresentAndNowhereElse) {
+  std::string const run = Span("3,5", "9.5", "19.5", "109.5", "69.5");
+  WriteAll(In("doc.json"), Document(RedShape("3", "5", run)));
+  struct {
+    char const *frame;
+    int colour;
+  } const rows[] = {{"2", GroundAt(50, 50)}, {"3", kRed}, {"5", kRed}, {"6", GroundAt(50, 50)}};
+  for (auto const &row : rows) {
+    ExpectSuccess(RunProgram(Usual({"--frame", row.frame})));
+    EXPECT_EQ(ColourAt(Result(), 50, 50), row.colour) << "frame " << row.frame;
+  }
+}
+
+TEST_F(Burn, AnObjectThatMovesIsBurntInWhereItIsInThatFrame) {
+  WriteAll(In("doc.json"), Document(RedShape("0", "9",
+                                             Span("0,4", "9.5", "9.5", "19.5", "19.5") + "," +
+                                                 Span("5,9", "99.5", "49.5", "109.5", "59.5"))));
+  ExpectSuccess(RunProgram(Usual({"--frame", "4"})));
+  EXPECT_EQ(ColourAt(Result(), 15, 15), kRed);
+  EXPECT_EQ(ColourAt(Result(), 105, 55), GroundAt(105, 55));
+  ExpectSuccess(RunProgram(Usual({"--frame=5"})));
+  EXPECT_EQ(ColourAt(Result(), 15, 15), GroundAt(15, 15));
+  EXPECT_EQ(ColourAt(Result(), 105, 55), kRed);
+}
+
+TEST_F(Burn, AFarFrameCostsNoMemory) {
+  Outcome const near = RunProgram(Usual({"--frame", "0"}));
+  Outcome const far = RunProgram(Usual({"--frame", "9223372036854775807"}));
+  ExpectSuccess(far);
+  EXPECT_EQ(ColourAt(Result(), 50, 50), GroundAt(50, 50));
+  EXPECT_LT(far.maxKilobytes, near.maxKilobytes + 16 * 1024);
+}
+
+TEST_F(Burn, ExtensionEnlargesTheResultAndPlacesThePicture) {
+  WriteAll(In("doc.json"),
+           Document(RedShape("0", "0", Span("0,0", "-20", "-10", "9", "9")), R"("#00FF00FF")"));
+  ExpectSuccess(RunProgram(Usual({"--extend"})));
+  wxImage const image = Result();
+  ASSERT_EQ(image.GetSize(), wxSize(220, 110));
+  EXPECT_EQ(ColourAt(image, 5, 5), kRed);
+  EXPECT_EQ(ColourAt(image, 25, 15), kRed);
+  EXPECT_EQ(ColourAt(image, 5, 60), kGreen);
+  EXPECT_EQ(ColourAt(image, 150, 5), kGreen);
+  EXPECT_EQ(ColourAt(image, 20, 109), GroundAt(0, 99));
+  EXPECT_EQ(ColourAt(image, 219, 10), GroundAt(199, 0));
+  EXPECT_EQ(ColourAt(image, 219, 109), GroundAt(199, 99));
+}
+
+TEST_F(Burn, WithoutExtensionTheResultHasThePicturesSize) {
+  WriteAll(In("doc.json"),
+           Document(RedShape("0", "0", Span("0,0", "-20", "-10", "9", "9")), R"("#00FF00FF")"));
+  ExpectSuccess(RunProgram(Usual()));
+  wxImage const image = Result();
+  ASSERT_EQ(image.GetSize(), wxSize(kWidth, kHeight));
+  EXPECT_EQ(ColourAt(image, 5, 5), kRed);
+  EXPECT_EQ(ColourAt(image, 5, 60), GroundAt(5, 60));
+}
+
+TEST_F(Burn, ADocumentWithoutAnExtensionColourDoesNotExtend) {
+  WriteAll(In("doc.json"), Document(RedShape("0", "0", Span("0,0", "-20", "-10", "9", "9"))));
+  ExpectSuccess(RunProgram(Usual({"--extend"})));
+  EXPECT_EQ(Result().GetSize(), wxSize(kWidth, kHeight));
+}
+
+TEST_F(Burn, BadObjectsDoNotCostTheGoodOnes) {
+  WriteAll(In("doc.json"), Document(R"({"Id":99},5,null,"x",[1],{"Id":2},)"
+                                    R"({"Id":2,"Coordinates":[{"TopLeft":"x","Range":[5,1]}]},)" +
+                                    RedShape("0", "0", kOnWholePixels) + R"(,{"Id":"2"})"));
+  ExpectSuccess(RunProgram(Usual()));
+  ExpectRectangleOnGround(Result());
+}
+
+TEST_F(Burn, ADocumentWithoutObjectsLeavesThePictureAsItIs) {
+  WriteAll(In("doc.json"), R"({"Annotate":{}})");
+  ExpectSuccess(RunProgram(Usual()));
+  EXPECT_EQ(ColourAt(Result(), 50, 50), GroundAt(50, 50));
+}
+
+TEST_F(Burn, ADocumentThatCannotBeReadGivesOne) {
+  WriteAll(In("cut.json"), kDocument.substr(0, kDocument.size() - 20));
+  WriteAll(In("empty.json"), "");
+  WriteAll(In("other.json"), R"({"Other":{}})");
+  WriteAll(In("array.json"), R"({"Annotate":[1]})");
+  WriteAll(In("list.json"), "[]");
+  WriteAll(In("latin.json"), "{\"Annotate\":{\"x\":\"\xE9\"}}");
+  ASSERT_EQ(mkfifo(In("fifo.json").c_str(), 0600), 0);
+  for (char const *name : {"cut.json", "empty.json", "other.json", "array.json", "list.json",
+                           "latin.json", "fifo.json", "missing.json", "in.png", "."}) {
+    ExpectFailure(RunProgram(Usual({}, name)), 1, "document");
+    EXPECT_FALSE(fs::exists(In("out.png"))) << name;
+  }
+}
+
+TEST_F(Burn, APictureThatCannotBeReadGivesOne) {
+  WriteAll(In("cut.png"), ReadAll(In("in.png")).substr(0, 60));
+  WriteAll(In("empty.png"), "");
+  ASSERT_EQ(mkfifo(In("fifo.png").c_str(), 0600), 0);
+  for (char const *name : {"cut.png", "empty.png", "fifo.png", "missing.png", "doc.json", "."}) {
+    ExpectFailure(RunProgram(Usual({}, "doc.json", name)), 1, "picture");
+    EXPECT_FALSE(fs::exists(In("out.png"))) << name;
+  }
+  Arguments device = Usual();
+  device[3] = "/dev/zero";
+  ExpectFailure(RunProgram(device), 1, "picture");
+}
+
+TEST_F(Burn, AFileTooLargeToReadGivesOneAtOnce) {
+  WriteAll(In("large"), "");
+  fs::resize_file(In("large"), std::uintmax_t{3} << 30);  // sparse: it takes no room
+  ExpectFailure(RunProgram(Usual({}, "large")), 1, "too large");
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "large")), 1, "too large");
+}
+
+TEST_F(Burn, AWarningOfThePicturesDecoderIsNoLineOfOurs) {
+  ASSERT_TRUE(wxImage(In("in.png")).SaveFile(In("in.jpg"), wxBITMAP_TYPE_JPEG));
+  std::string const bytes = ReadAll(In("in.jpg"));
+  WriteAll(In("cut.jpg"), bytes.substr(0, bytes.size() / 2));
+  ExpectSuccess(RunProgram(Usual({}, "doc.json", "cut.jpg")));
+  EXPECT_EQ(Result().GetSize(), wxSize(kWidth, kHeight));
+}
+
+TEST_F(Burn, WrongArgumentsGiveTwo) {
+  struct {
+    Arguments more;
+    char const *why;
+  } const rows[] = {
+      {{"--bogus"}, "--bogus"},
+      {{"stray"}, "stray"},
+      {{"--frame"}, "--frame"},
+      {{"--frame", "-1"}, "-1"},
+      {{"--frame", "1x"}, "1x"},
+      {{"--frame", ""}, "--frame"},
+      {{"--frame", " 1"}, "--frame"},
+      {{"--frame", "1.5"}, "1.5"},
+      {{"--frame", "9223372036854775808"}, "--frame"},
+      {{"--painter", "xx"}, "xx"},
+      {{"--painter"}, "--painter"},
+      {{"--extend=yes"}, "--extend"},
+      {{"-h"}, "-h"},
+      {{"two\nlines"}, "two?lines"},
+  };
+  for (auto const &row : rows) ExpectFailure(RunProgram(Usual(row.more)), 2, row.why);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"doc.json", "in.png"}));
+}
+
+TEST_F(Burn, AMissingArgumentGivesTwoAndIsNamed) {
+  ExpectFailure(RunProgram({}), 2, "--document");
+  Arguments const usual = Usual();
+  for (std::size_t i = 0; i < usual.size(); i += 2) {
+    Arguments arguments = usual;
+    auto const from = arguments.begin() + static_cast<std::ptrdiff_t>(i);
+    arguments.erase(from, from + 2);
+    ExpectFailure(RunProgram(arguments), 2, usual[i]);
+  }
+}
+
+TEST_F(Burn, AnOutputOfNoKnownKindGivesTwo) {
+  for (char const *name : {"out.xyz", "out", "out.", "png", "out.png.txt"}) {
+    ExpectFailure(RunProgram(Usual({}, "doc.json", "in.png", name)), 2, "output");
+  }
+  EXPECT_EQ(Names(), (std::vector<std::string>{"doc.json", "in.png"}));
+}
+
+TEST_F(Burn, TheOutputsNameSaysItsFormat) {
+  struct {
+    char const *name;
+    char const *start;
+  } const rows[] = {{"o.png", "\x89PNG"},   {"o.PNG", "\x89PNG"}, {"o.jpg", "\xFF\xD8"},
+                    {"o.jpeg", "\xFF\xD8"}, {"o.bmp", "BM"},      {"o.tif", "II*"},
+                    {"o.tiff", "II*"}};
+  for (auto const &row : rows) {
+    ExpectSuccess(RunProgram(Usual({}, "doc.json", "in.png", row.name)));
+    EXPECT_EQ(ReadAll(In(row.name)).rfind(row.start, 0), 0u) << row.name;
+    EXPECT_EQ(Result(row.name).GetSize(), wxSize(kWidth, kHeight)) << row.name;
+  }
+}
+
+TEST_F(Burn, AnOutputThatCannotBeMadeGivesThree) {
+  fs::create_directory(In("folder.png"));
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "in.png", "folder.png")), 3, "not a file");
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "in.png", "none/out.png")), 3, "No such file");
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "in.png", "doc.json/out.png")), 3,
+                "Not a directory");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"doc.json", "folder.png", "in.png"}));
+}
+
+TEST_F(Burn, AWriteThatFailsHalfWayLeavesWhatWasThere) {
+  WriteAll(In("out.bmp"), "what was there");
+  auto const limitFiles = [] {
+    rlimit const limit = {10000, 10000};  // the result has 60054 bytes
+    setrlimit(RLIMIT_FSIZE, &limit);
+  };
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "in.png", "out.bmp"), limitFiles), 3,
+                "File too large");
+  EXPECT_EQ(ReadAll(In("out.bmp")), "what was there");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"doc.json", "in.png", "out.bmp"}));
+}
+
+TEST_F(Burn, AFailureLeavesAnExistingOutputAlone) {
+  WriteAll(In("out.png"), "what was there");
+  WriteAll(In("doc.json"), "{");
+  ExpectFailure(RunProgram(Usual()), 1, "document");
+  ExpectFailure(RunProgram(Usual({"--frame", "x"})), 2, "--frame");
+  EXPECT_EQ(ReadAll(In("out.png")), "what was there");
+}
+
+TEST_F(Burn, SuccessReplacesAnExistingOutputAndLeavesNothingElse) {
+  WriteAll(In("out.png"), "what was there");
+  ExpectSuccess(RunProgram(Usual()));
+  ExpectRectangleOnGround(Result());
+  EXPECT_EQ(Names(), (std::vector<std::string>{"doc.json", "in.png", "out.png"}));
+}
+
+TEST_F(Burn, TheOutputGetsTheRightsOfANewFile) {
+  ExpectSuccess(RunProgram(Usual(), [] { umask(027); }));
+  EXPECT_EQ(fs::status(In("out.png")).permissions(), static_cast<fs::perms>(0640));
+}
+
+TEST_F(Burn, PathsAreBytesInAnyLocale) {
+  auto const plainLocale = [] { setenv("LC_ALL", "C", 1); };
+  for (char const *name : {"b\xC3\xBCrn.png", "\xFF\xFE.png", "two\nlines.png", "a b'\".png"}) {
+    fs::rename(In("in.png"), In(std::string("in-") + name));
+    ExpectSuccess(RunProgram(Usual({}, "doc.json", std::string("in-") + name, name), plainLocale));
+    EXPECT_EQ(ReadAll(In(name)).substr(1, 3), "PNG");
+    fs::rename(In(std::string("in-") + name), In("in.png"));
+  }
+  ExpectFailure(RunProgram(Usual({}, "no\nsuch")), 1, "no?such");
+}
+
+TEST_F(Burn, HelpAndVersionNeedNoOtherArgument) {
+  Outcome const help = RunProgram({"--help"});
+  EXPECT_EQ(help.code, 0);
+  EXPECT_EQ(help.err, "");
+  EXPECT_EQ(help.out.rfind("Usage: framenote-burn --document DOC", 0), 0u);
+  for (char const *option : {"--document", "--input", "--output", "--frame", "--painter",
+                             "--extend", "--help", "--version"}) {
+    EXPECT_NE(help.out.find(option), std::string::npos) << option;
+  }
+  Outcome const version = RunProgram({"--version"});
+  EXPECT_EQ(version.code, 0);
+  EXPECT_EQ(version.err, "");
+  EXPECT_EQ(version.out, "framenote-burn 0.1.0\n");
+}
+
+}  // namespace
