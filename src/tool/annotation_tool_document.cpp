@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The document: how the annotations are stored, compared and restored.
-#include "coordinates/coordinate_runs.h"
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_arrow_tool_mode.h"
@@ -10,16 +9,13 @@
 #include "objects/ann_pencil.h"
 #include "objects/ann_shape.h"
 #include "talbase/json_conversions.h"
+#include "tool/document_budget.h"
 
 namespace {
 
 constexpr char const *kAnnotateKey = AnnotationJsonChangedEvent::m_annotateKey;
 constexpr char const *kExtensionColorKey = "ExtensionColor";
 constexpr char const *kObjectsKey = "Objects";
-
-/// How far a document may make the stores longer than the media: one object, and all together.
-constexpr std::int64_t kMaxExtraFramesOfObject = std::int64_t{1} << 24;
-constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
 
 wxJSONValue ExtensionColorToJson(wxColour const &colour) {
   if (colour == wxNullColour) return wxJSONValue(wxJSONTYPE_NULL);
@@ -67,18 +63,13 @@ void AnnotationTool::FromJSON(wxJSONValue const &document, std::int64_t frameCou
 }
 
 void AnnotationTool::readObjects(wxJSONValue const &elements) {
-  std::int64_t extraFrames = 0;
+  framenote::DocumentBudget budget(m_mediaInfo.frameCount);
   for (int i = 0; i < elements.Size(); ++i) {
     wxJSONValue const element = elements.ItemAt(i);
-    if (!element.HasMember(IAnnotationObject::idKey)) continue;
-    std::int64_t const extra = framenote::CountExtraFrames(
-        element.ItemAt(IAnnotationObject::coordinatesKey), m_mediaInfo.frameCount);
-    if (extra > kMaxExtraFramesOfObject || extraFrames + extra > kMaxExtraFramesOfDocument) {
-      continue;
-    }
+    if (!element.HasMember(IAnnotationObject::idKey) || !budget.HasRoomFor(element)) continue;
     std::unique_ptr<IAnnotationObject> object = objectFromJSON(element);
     if (!object || object->WouldDisappear()) continue;
-    extraFrames += extra;
+    budget.Spend(element);
     // To the back: the array starts with the top of the z-order.
     m_objects.push_back(object.release());  // owned by the list
   }

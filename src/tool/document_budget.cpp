@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "tool/document_budget.h"
+
+#include "coordinates/coordinate_runs.h"
+#include "objects/ann_pencil.h"
+#include "objects/annotation_object.h"
+#include "talbase/json_value.h"
+
+namespace framenote {
+
+namespace {
+
+/// How far all objects of a document together may make their stores longer than the media.
+constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
+/// Points of all strokes of a document, in all their runs.
+constexpr std::int64_t kMaxPathPointsOfDocument = std::int64_t{1} << 26;
+
+std::int64_t ExtraFramesOf(wxJSONValue const &element, std::int64_t frameCount) {
+  return CountExtraFrames(element.ItemAt(IAnnotationObject::coordinatesKey), frameCount);
+}
+
+std::int64_t PathPointsOf(wxJSONValue const &element) {
+  std::int64_t const points = element.ItemAt(AnnPencil::pathDiffsKey).Size();
+  return points * CountRuns(element.ItemAt(IAnnotationObject::coordinatesKey));
+}
+
+}  // namespace
+
+bool DocumentBudget::HasRoomFor(wxJSONValue const &element) const {
+  std::int64_t const extraFrames = ExtraFramesOf(element, m_frameCount);
+  return extraFrames <= kMaxExtraFrames &&
+         m_extraFrames + extraFrames <= kMaxExtraFramesOfDocument &&
+         m_pathPoints + PathPointsOf(element) <= kMaxPathPointsOfDocument;
+}
+
+void DocumentBudget::Spend(wxJSONValue const &element) {
+  m_extraFrames += ExtraFramesOf(element, m_frameCount);
+  m_pathPoints += PathPointsOf(element);
+}
+
+}  // namespace framenote
