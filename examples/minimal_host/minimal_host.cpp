@@ -28,7 +28,7 @@ public:
       Bind(type, &Canvas::OnMouse, this);
     }
     Bind(wxEVT_MOUSEWHEEL, &Canvas::OnWheel, this);
-    Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent &) {});
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent &) { m_tool->Deactivate(); });
   }
 
   void ZoomBy(double factor) {
