@@ -16,17 +16,16 @@ namespace {
 
 enum MenuId { kSelect = wxID_HIGHEST, kRectangle, kEllipse, kArrow, kPencil, kZoomIn, kZoomOut };
 
-/// The picture with the annotations. A picture point p is shown at (p + offset) * scale. The wheel
-/// scrolls, with Shift sideways, and zooms with Ctrl.
+/// A picture point p is shown at (p + offset) * scale. The wheel scrolls, and zooms with Ctrl.
 class Canvas : public wxWindow {
 public:
   Canvas(wxWindow *parent, wxImage const &picture, std::shared_ptr<AnnotationTool> tool)
       : wxWindow(parent, wxID_ANY), m_picture(picture), m_tool(std::move(tool)) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, &Canvas::OnPaint, this);
-    for (auto const &type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_MOTION, wxEVT_RIGHT_UP}) {
+    for (auto const &type :
+         {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_MOTION, wxEVT_RIGHT_UP, wxEVT_LEFT_DCLICK})
       Bind(type, &Canvas::OnMouse, this);
-    }
     Bind(wxEVT_MOUSEWHEEL, &Canvas::OnWheel, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent &) { m_tool->Deactivate(); });
   }
@@ -56,6 +55,8 @@ private:
   }
 
   void OnMouse(wxMouseEvent &event) {
+    // Of two quick presses at one place the second one comes as a double click.
+    if (event.LeftDClick()) event.SetEventType(wxEVT_LEFT_DOWN);
     if (event.LeftDown() && !HasCapture()) CaptureMouse();
     if (event.LeftUp() && HasCapture()) ReleaseMouse();
     wxPoint const pixel(wxRound(event.GetX() / m_scale), wxRound(event.GetY() / m_scale));
@@ -86,9 +87,8 @@ public:
     m_tool->InitGui(this, this, m_tool);
     m_tool->SetImage(picture, true);
     wxString text;
-    if (wxFileExists(document) && wxFFile(document).ReadAll(&text)) {
+    if (wxFileExists(document) && wxFFile(document).ReadAll(&text))
       m_tool->FromJSON(JsonFromText(text), 1);
-    }
     m_tool->UpdateMediaInfo({0, 1, false});  // the first frame of one: a still picture
     m_canvas->ZoomBy(zoom);
     auto *const menu = new wxMenu;  // owned by the menu bar
@@ -109,8 +109,8 @@ private:
   template <class Action>
   void Add(wxMenu &menu, int id, wxString const &label, Action action) {
     menu.Append(id, label);
-    Bind(
-        wxEVT_MENU, [action](wxCommandEvent &) { action(); }, id);
+    auto const act = [action](wxCommandEvent &) { action(); };
+    Bind(wxEVT_MENU, act, id);
   }
 
   void Draw(AnnShapeProperties::Shape shape) {

@@ -90,7 +90,8 @@ public:
   // --- For the host: mouse and painting ---
 
   /// Handles a left press, left release, motion or right release, and returns the cursor to show.
-  /// `position` is in picture pixels; `scale` and `offset` are those of the view.
+  /// `position` is in picture pixels; `scale` and `offset` are those of the view. The toolkit turns
+  /// the second of two quick presses into a double click; a host passes that on as a press.
   wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
                                   wxPoint2DDouble const &offset);
   /// Paints the objects of the current frame, the object being drawn, and the markers. With the
@@ -215,6 +216,7 @@ private:
   void onVideoLengthIncreased(std::int64_t count);
   void updateSelectedForFrame(AnnotationMediaInfo const &info);
   void growSelectedRangeTo(std::int64_t frame);
+  void onSelectedRangeChanged();
   void rewindSelection();
   void sendGoToFrameEvent(std::int64_t frame);
   void post(wxEvent const &event);

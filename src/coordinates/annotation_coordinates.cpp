@@ -86,18 +86,29 @@ template <class T>
 void IAnnotationCoordinates<T>::UpdateStartEndCoordinates(std::int64_t start, std::int64_t end,
                                                           std::int64_t frame, bool isStart) {
   std::lock_guard<std::mutex> const lock(m_mutex);
+  m_jsonUpToDate = false;
+  // The other end being pushed along: what there is was moved with the first one.
+  if (start > end) return;
   std::int64_t const edge = isStart ? start : end;
+  std::int64_t const otherEdge = isStart ? end : start;
   bool const grows = isStart ? frame <= start : end <= frame;
-  if (grows && isInside(edge)) {
+  if (grows) {
+    if (!isInside(edge)) return;
     // A copy: the filling runs over the entry itself.
     std::shared_ptr<T> const record = m_coordsVec[ToSize(edge)];
     fill(std::min(edge, frame), std::max(edge, frame), record);
-  } else if (!grows && isStart) {
+    return;
+  }
+  bool const leavesAll = isStart ? frame > end : frame < start;
+  std::shared_ptr<T> const kept =
+      leavesAll && isInside(otherEdge) ? m_coordsVec[ToSize(otherEdge)] : nullptr;
+  if (isStart) {
     fill(start, frame - 1, nullptr);
-  } else if (!grows) {
+  } else {
     fill(frame + 1, end, nullptr);
   }
-  m_jsonUpToDate = false;
+  // An object that leaves its whole range must not lose its geometry.
+  if (leavesAll) fill(frame, frame, kept);
 }
 
 template <class T>

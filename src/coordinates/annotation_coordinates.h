@@ -54,7 +54,9 @@ public:
   virtual void DuplicateLastCoordinates(std::int64_t frame);
   /// The start (`isStart`) or the end of an object that was present from `start` to `end` becomes
   /// `frame`: frames that join share the record of the old first or last frame, frames that leave
-  /// become empty. The store does not grow, and the current frame stays, possibly empty.
+  /// become empty. If all leave, `frame` takes the record of the other end, and the call for that
+  /// end, pushed along with `start` beyond `end`, changes nothing. The store does not grow, and the
+  /// current frame stays, possibly empty.
   virtual void UpdateStartEndCoordinates(std::int64_t start, std::int64_t end, std::int64_t frame,
                                          bool isStart);
   /// End of each edit: the JSON, and the fragment of the current record, are stale.

@@ -43,6 +43,8 @@ void IAnnotationToolMode::OnMouseSelected(wxMouseEvent const &event) {
     return;
   }
   if (selected->IsAtRotationPoint(m_tool->m_mousePosition)) {
+    // A press without a motion before it, as from a touch screen, starts from here.
+    selected->PrepareResizing();
     m_tool->m_cursor = wxCURSOR_QUESTION_ARROW;
     m_tool->m_state = ToolState::Rotating;
     return;

@@ -104,6 +104,7 @@ void AnnShape::CalculateAspectRatio(AnnShapePoints const &record) {
 }
 
 void AnnShape::ResizeTo(wxPoint2DInt const &position, bool keepAspectRatio) {
+  growToCurrentFrame();
   {
     std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());
     std::int64_t const previous = m_coordinates.GetRecentlyUpdatedCoordsFrame();

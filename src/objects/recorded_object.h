@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "framenote/export.h"
 #include "objects/annotation_object.h"
 
 namespace framenote {
@@ -17,7 +18,7 @@ namespace framenote {
 /// per-frame coordinates. The bodies are in recorded_object_impl.h, which only the sources of the
 /// concrete kinds include: they alone need the mode's complete type.
 template <class Kind, class Mode, class Properties, class Store>
-class RecordedObject : public IAnnotationObject {
+class FRAMENOTE_API RecordedObject : public IAnnotationObject {
 public:
   void MoveFor(wxPoint2DInt const &delta) override;
   void MoveAllFramesFor(wxPoint2DInt const &delta) override;
@@ -47,6 +48,10 @@ protected:
   RecordedObject(RecordedObject const &other);
   ~RecordedObject() override;
 
+  /// Head of each edit. A selected object can be edited outside its range; the range then grows to
+  /// the current frame, as it does when the position moves, so that the edit starts from the
+  /// object's form and is kept.
+  void growToCurrentFrame();
   /// The one way to edit a frame: lock, give the frame a record of its own, change it, mark it.
   template <class Change>
   void editCurrentFrame(Change const &change);

@@ -38,8 +38,16 @@ template <class Kind, class Mode, class Properties, class Store>
 RecordedObject<Kind, Mode, Properties, Store>::~RecordedObject() = default;
 
 template <class Kind, class Mode, class Properties, class Store>
+void RecordedObject<Kind, Mode, Properties, Store>::growToCurrentFrame() {
+  std::int64_t const frame = m_toolMode->GetToolCurrentFrame();
+  if (frame < m_startFrame) SetStartFrame(frame);
+  if (frame > m_endFrame) SetEndFrame(frame);
+}
+
+template <class Kind, class Mode, class Properties, class Store>
 template <class Change>
 void RecordedObject<Kind, Mode, Properties, Store>::editCurrentFrame(Change const &change) {
+  growToCurrentFrame();
   {
     std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());
     m_coordinates.AddNewCoordinates(m_toolMode->GetToolCurrentFrame());

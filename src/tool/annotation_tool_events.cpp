@@ -8,6 +8,15 @@
 #include "framenote/annotation_tool.h"
 #include "objects/annotation_object.h"
 
+namespace {
+
+/// 0 for a tool that was chosen without a button.
+int IdOf(wxToggleButton const *button) {
+  return button != nullptr ? button->GetId() : 0;
+}
+
+}  // namespace
+
 void AnnotationTool::post(wxEvent const &event) {
   if (m_eventSink != nullptr) m_eventSink->AddPendingEvent(event);
 }
@@ -41,11 +50,11 @@ void AnnotationTool::SendAnnotationTextEditionFinishedEvent() {
 }
 
 void AnnotationTool::SendAnnotationToolSelectedEvent(wxToggleButton *button, Types mode) {
-  post(AnnotationToolSelectedEvent(wxEVT_ANN_TOOL_SELECTED, button, button->GetId(), mode));
+  post(AnnotationToolSelectedEvent(wxEVT_ANN_TOOL_SELECTED, button, IdOf(button), mode));
 }
 
 void AnnotationTool::SendAnnotationToolDeselectedEvent(wxToggleButton *button, Types mode) {
-  post(AnnotationToolDeselectedEvent(wxEVT_ANN_TOOL_DESELECTED, button, button->GetId(), mode));
+  post(AnnotationToolDeselectedEvent(wxEVT_ANN_TOOL_DESELECTED, button, IdOf(button), mode));
 }
 
 void AnnotationTool::sendGoToFrameEvent(std::int64_t frame) {

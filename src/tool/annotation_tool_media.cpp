@@ -105,15 +105,13 @@ void AnnotationTool::onVideoLengthIncreased(std::int64_t count) {
 void AnnotationTool::SetSelectedsAnnotationStart(std::int64_t frame) {
   if (!hasSelection()) return;
   (*m_selected)->SetStartFrame(frame);
-  Refresh();
-  onObjectsModified();
+  onSelectedRangeChanged();
 }
 
 void AnnotationTool::SetSelectedsAnnotationEnd(std::int64_t frame) {
   if (!hasSelection()) return;
   (*m_selected)->SetEndFrame(frame);
-  Refresh();
-  onObjectsModified();
+  onSelectedRangeChanged();
 }
 
 void AnnotationTool::SetSelectedsAnnotationFromFrame(std::int64_t start, std::int64_t end) {
@@ -122,6 +120,14 @@ void AnnotationTool::SetSelectedsAnnotationFromFrame(std::int64_t start, std::in
   bool const wasOneFrame = object.GetStartFrame() == object.GetEndFrame();
   object.SetStartFrame(start);
   if (wasOneFrame) object.SetEndFrame(end);
+  onSelectedRangeChanged();
+}
+
+void AnnotationTool::onSelectedRangeChanged() {
+  // A selected object is painted and hit outside its range too, there as in the nearest frame.
+  IAnnotationObject &object = **m_selected;
+  auto const [first, last] = object.GetFrameDuration();
+  object.UpdateCoordinatesPointers(std::clamp(m_mediaInfo.frameIndex, first, last));
   Refresh();
   onObjectsModified();
 }

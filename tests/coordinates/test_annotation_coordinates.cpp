@@ -233,6 +233,23 @@ TEST(CoordinateStoreRange, EarlierStartSharesTheFirstRecord) {
   EXPECT_EQ(store.CoordsAt(1).m_centerPoint.m_x, 1.0);
 }
 
+TEST(CoordinateStoreRange, StartBeyondTheEndTakesTheLastRecordAlong) {
+  auto store = Loaded({CenterRun(4, 5, 1.0), CenterRun(6, 9, 2.0)}, 20);
+  store.UpdateStartEndCoordinates(4, 9, 15, true);
+  store.UpdateStartEndCoordinates(15, 9, 15, false);
+  EXPECT_EQ(store.getRanges(0, 19), (Ranges{{0, 14}, {15, 15}, {16, 19}}));
+  EXPECT_TRUE(store.AreCoordinatesEmpty(9));
+  EXPECT_EQ(store.CoordsAt(15).m_centerPoint.m_x, 2.0);
+}
+
+TEST(CoordinateStoreRange, EndBeforeTheStartTakesTheFirstRecordAlong) {
+  auto store = Loaded({CenterRun(4, 5, 1.0), CenterRun(6, 9, 2.0)}, 20);
+  store.UpdateStartEndCoordinates(4, 9, 2, false);
+  store.UpdateStartEndCoordinates(4, 2, 2, true);
+  EXPECT_EQ(store.getRanges(0, 19), (Ranges{{0, 1}, {2, 2}, {3, 19}}));
+  EXPECT_EQ(store.CoordsAt(2).m_centerPoint.m_x, 1.0);
+}
+
 TEST(CoordinateStoreRange, DoesNotMoveTheCurrentFrame) {
   AnnShapeCoordinates store = TenFrames();
   store.UpdateCoordinatesPointers(8);

@@ -133,19 +133,25 @@ inline testing::AssertionResult Alike(wxImage const &a, wxImage const &b, int to
   return testing::AssertionSuccess();
 }
 
-/// What `paint`, called with a painter of the type, leaves on a white picture.
+/// What `paint`, called with the owner of a painter of the type, leaves on a white picture.
 template <typename Paint>
-wxImage Painted(IAnnPainter::AnnPainterType type, wxSize const &size, double scale, Paint paint) {
+wxImage PaintedBy(IAnnPainter::AnnPainterType type, wxSize const &size, double scale, Paint paint) {
   wxBitmap bitmap(size, 24);
   wxMemoryDC dc(bitmap);
   dc.SetBackground(*wxWHITE_BRUSH);
   dc.Clear();
   {
-    auto const painter = IAnnPainter::CreateAnnPainter(type, dc, &dc, scale);
-    paint(*painter);
+    auto painter = IAnnPainter::CreateAnnPainter(type, dc, &dc, scale);
+    paint(painter);
   }
   dc.SelectObject(wxNullBitmap);
   return bitmap.ConvertToImage();
+}
+
+/// The same for what needs but the painter.
+template <typename Paint>
+wxImage Painted(IAnnPainter::AnnPainterType type, wxSize const &size, double scale, Paint paint) {
+  return PaintedBy(type, size, scale, [&](auto &painter) { paint(*painter); });
 }
 
 }  // namespace framenote::pixels

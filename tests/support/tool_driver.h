@@ -53,6 +53,11 @@ public:
   IAnnotationObject *Selected() const { return m_tool->GetSelectedObject(); }
   /// The object at a place of the z-order, front first.
   IAnnotationObject *Object(std::size_t index = 0) const;
+  /// The object at a place of the z-order as its kind; null if it is of another.
+  template <class Kind>
+  Kind *ObjectAs(std::size_t index = 0) const {
+    return dynamic_cast<Kind *>(Object(index));
+  }
   std::size_t ObjectCount() const { return m_tool->AnnotationObjects().size(); }
 
   void UseTool(Types mode) { m_tool->SetActiveTool(mode); }
