@@ -68,6 +68,12 @@ wxBitmapType TypeOf(std::string const &path) {
   throw ArgumentError("output " + Quoted(path) + " is of no known kind: .png, .jpg, .bmp or .tif");
 }
 
+wxString FromArgument(std::string const &utf8) {
+  wxString const text = wxString::FromUTF8(utf8);
+  if (text.empty() && !utf8.empty()) throw ArgumentError("--macro wants UTF-8");
+  return text;
+}
+
 wxImage BurnIn(BurnOptions const &options, wxJSONValue const &document, wxImage const &picture) {
   AnnotationToolConfig const config(options.withDeviceContext, options.withDeviceContext, true,
                                     true, options.extend, {});
@@ -76,7 +82,11 @@ wxImage BurnIn(BurnOptions const &options, wxJSONValue const &document, wxImage 
   tool->FromJSON(document, 1);
   // Without a colour for what lies beyond it, the result has the picture's own size.
   if (!options.extend) tool->SetExtensionColour(wxNullColour);
-  return tool->GetAnnotatedFrame(picture, {options.frame, 1, false}, {});
+  AnnotationTool::MacroPairs macros;
+  for (auto const &[name, value] : options.macros) {
+    macros.emplace_back(FromArgument(name), FromArgument(value));
+  }
+  return tool->GetAnnotatedFrame(picture, {options.frame, 1, false}, macros);
 }
 
 std::string Encoded(wxImage const &image, wxBitmapType type, std::string const &path) {

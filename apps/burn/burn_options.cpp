@@ -41,6 +41,15 @@ std::string SetExtend(BurnOptions &options, std::string const &) {
   return {};
 }
 
+std::string AddMacro(BurnOptions &options, std::string const &value) {
+  std::size_t const equals = value.find('=');
+  if (equals == std::string::npos || equals == 0) {
+    return "--macro wants NAME=VALUE, not '" + value + "'";
+  }
+  options.macros.emplace_back(value.substr(0, equals), value.substr(equals + 1));
+  return {};
+}
+
 template <BurnOptions::Action Action>
 std::string SetAction(BurnOptions &options, std::string const &) {
   options.action = Action;
@@ -54,6 +63,7 @@ constexpr Option kOptions[] = {
     {"--frame", true, SetFrame},
     {"--painter", true, SetPainter},
     {"--extend", false, SetExtend},
+    {"--macro", true, AddMacro},
     {"--help", false, SetAction<BurnOptions::Action::ShowHelp>},
     {"--version", false, SetAction<BurnOptions::Action::ShowVersion>},
 };
@@ -106,6 +116,7 @@ BurnOptions ParseBurnOptions(std::vector<std::string> const &arguments, std::str
 std::string BurnUsage() {
   return "Usage: framenote-burn --document DOC --input PICTURE --output PICTURE\n"
          "                      [--frame N] [--painter gc|dc] [--extend]\n"
+         "                      [--macro NAME=VALUE]...\n"
          "\n"
          "Burns the annotations of a document into a picture.\n"
          "\n"
@@ -115,6 +126,8 @@ std::string BurnUsage() {
          "  --frame N         the frame whose annotations are burnt in; 0 if not given\n"
          "  --painter gc|dc   anti-aliased (gc, as if not given) or in whole pixels (dc)\n"
          "  --extend          let annotations beyond the picture enlarge the result\n"
+         "  --macro NAME=VALUE\n"
+         "                    replace NAME in texts by VALUE; may be given many times\n"
          "  --help            show this text\n"
          "  --version         show the version\n"
          "\n"

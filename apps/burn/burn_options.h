@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// What the command was asked to do.
@@ -16,6 +17,7 @@ struct BurnOptions {
   std::int64_t frame = 0;
   bool withDeviceContext = false;
   bool extend = false;
+  std::vector<std::pair<std::string, std::string>> macros;  ///< names with their values
 };
 
 /// Reads the arguments after the program's name. On failure `error` says what is wrong with them,

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The smallest host: shows a picture, lets the user annotate it, and keeps the document.
-//
 //   minimal_host PICTURE [DOCUMENT [ZOOM]]    ZOOM in percent; Ctrl+S saves to DOCUMENT
 #include <memory>
 
 #include <wx/ffile.h>
+#include <wx/filename.h>
 #include <wx/wx.h>
 
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "talbase/json_text.h"
-
-namespace {
-
-enum MenuId { kSelect = wxID_HIGHEST, kRectangle, kEllipse, kArrow, kPencil, kZoomIn, kZoomOut };
 
 /// A picture point p is shown at (p + offset) * scale. The wheel scrolls, and zooms with Ctrl.
 class Canvas : public wxWindow {
@@ -55,13 +51,16 @@ private:
   }
 
   void OnMouse(wxMouseEvent &event) {
-    // Of two quick presses at one place the second one comes as a double click.
-    if (event.LeftDClick()) event.SetEventType(wxEVT_LEFT_DOWN);
     if (event.LeftDown() && !HasCapture()) CaptureMouse();
     if (event.LeftUp() && HasCapture()) ReleaseMouse();
     wxPoint const pixel(wxRound(event.GetX() / m_scale), wxRound(event.GetY() / m_scale));
     SetCursor(m_tool->ProcessMouseEvent(pixel - m_offset, event, m_scale, m_offset));
     Refresh();
+    // The second of two quick presses comes as a double click. It opens a text, or is a press.
+    if (event.LeftDClick() && m_tool->GetState() != ToolState::Editing) {
+      event.SetEventType(wxEVT_LEFT_DOWN);
+      OnMouse(event);
+    }
   }
 
   void OnWheel(wxMouseEvent &event) {
@@ -78,7 +77,7 @@ private:
 
 class Frame : public wxFrame {
 public:
-  Frame(wxImage const &picture, wxString const &document, double zoom)
+  Frame(wxString const &name, wxImage const &picture, wxString const &document, double zoom)
       : wxFrame(nullptr, wxID_ANY, "Framenote", wxDefaultPosition, wxSize(1000, 760)),
         m_document(document),
         m_tool(std::make_shared<AnnotationTool>(
@@ -90,16 +89,19 @@ public:
     if (wxFileExists(document) && wxFFile(document).ReadAll(&text))
       m_tool->FromJSON(JsonFromText(text), 1);
     m_tool->UpdateMediaInfo({0, 1, false});  // the first frame of one: a still picture
+    m_tool->UpdateTextMacrosMap({{"%FILE%", wxFileName(name).GetFullName()}});
     m_canvas->ZoomBy(zoom);
     auto *const menu = new wxMenu;  // owned by the menu bar
-    Add(*menu, kSelect, "Select\tF1", [this] { m_tool->Deactivate(); });
-    Add(*menu, kRectangle, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
-    Add(*menu, kEllipse, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
-    Add(*menu, kArrow, "Arrow\tF4", [this] { m_tool->SetActiveTool(Types::Arrow); });
-    Add(*menu, kPencil, "Pencil\tF5", [this] { m_tool->SetActiveTool(Types::Pencil); });
-    Add(*menu, kZoomIn, "Zoom in\tF6", [this] { m_canvas->ZoomBy(2.0); });
-    Add(*menu, kZoomOut, "Zoom out\tF7", [this] { m_canvas->ZoomBy(0.5); });
-    Add(*menu, wxID_SAVE, "Save\tCtrl+S", [this] { Save(); });
+    Add(*menu, "Select\tF1", [this] { m_tool->Deactivate(); });
+    Add(*menu, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
+    Add(*menu, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
+    Add(*menu, "Arrow\tF4", [this] { m_tool->SetActiveTool(Types::Arrow); });
+    Add(*menu, "Pencil\tF5", [this] { m_tool->SetActiveTool(Types::Pencil); });
+    Add(*menu, "Text\tF6", [this] { m_tool->SetActiveTool(Types::Text); });
+    Add(*menu, "File name\tF7", [this] { m_tool->AddTextMacro("%FILE%"); });
+    Add(*menu, "Zoom in\tF8", [this] { m_canvas->ZoomBy(2.0); });
+    Add(*menu, "Zoom out\tF9", [this] { m_canvas->ZoomBy(0.5); });
+    Add(*menu, "Save\tCtrl+S", [this] { Save(); });
     SetMenuBar(new wxMenuBar);  // owned by this frame
     GetMenuBar()->Append(menu, "Annotate");
   }
@@ -107,10 +109,10 @@ public:
 
 private:
   template <class Action>
-  void Add(wxMenu &menu, int id, wxString const &label, Action action) {
-    menu.Append(id, label);
-    auto const act = [action](wxCommandEvent &) { action(); };
-    Bind(wxEVT_MENU, act, id);
+  void Add(wxMenu &menu, wxString const &label, Action action) {
+    int const id = menu.Append(wxID_ANY, label)->GetId();
+    menu.Bind(
+        wxEVT_MENU, [action](wxCommandEvent &) { action(); }, id);
   }
 
   void Draw(AnnShapeProperties::Shape shape) {
@@ -140,10 +142,8 @@ public:
     if (!picture.IsOk()) return false;
     wxString const document = argc > 2 ? argv[2] : wxString("annotations.json");
     double const zoom = argc > 3 ? wxAtoi(argv[3]) / 100.0 : 1.0;
-    return (new Frame(picture, document, zoom))->Show();  // owned by itself
+    return (new Frame(argv[1], picture, document, zoom))->Show();  // owned by itself
   }
 };
-
-}  // namespace
 
 wxIMPLEMENT_APP(App);

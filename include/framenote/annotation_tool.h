@@ -14,6 +14,8 @@
 #include <wx/event.h>
 #include <wx/geometry.h>
 #include <wx/image.h>
+#include <wx/weakref.h>
+#include <wx/window.h>
 
 #include "framenote/annotation_config.h"
 #include "framenote/annotation_types.h"
@@ -27,7 +29,6 @@ class IAnnPainter;
 class wxBitmap;
 class wxDC;
 class wxToggleButton;
-class wxWindow;
 
 /// The annotations of one picture or video: the objects, the selection, the mouse, the document.
 ///
@@ -89,9 +90,10 @@ public:
 
   // --- For the host: mouse and painting ---
 
-  /// Handles a left press, left release, motion or right release, and returns the cursor to show.
-  /// `position` is in picture pixels; `scale` and `offset` are those of the view. The toolkit turns
-  /// the second of two quick presses into a double click; a host passes that on as a press.
+  /// Handles a left press, left release, motion, right release or left double click, and returns
+  /// the cursor to show. `position` is in picture pixels; `scale` and `offset` are those of the
+  /// view. The toolkit turns the second of two quick presses into a double click, which only opens
+  /// texts: a host passes it on, and again as a press if the state is not Editing then.
   wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
                                   wxPoint2DDouble const &offset);
   /// Paints the objects of the current frame, the object being drawn, and the markers. With the
@@ -104,7 +106,8 @@ public:
 
   // --- For the host: modes ---
 
-  /// Makes a mode active; General and values without a mode are ignored.
+  /// Makes a mode active; General and values without a mode are ignored. Leaving the text mode
+  /// commits the text that is being edited.
   void SetActiveTool(Types mode);
   void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
   ToolModes const &GetToolModes() const;
@@ -155,8 +158,13 @@ public:
   /// afterwards. Not to be called while another call on the tool runs.
   wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
                             MacroPairs const &macros);
-  /// Sets the values of text macros; those not named keep theirs.
+  /// Sets the values of text macros, and replaces them in the texts of the current frame; those not
+  /// named keep theirs. To be called after FromJSON and with each new position, also without
+  /// macros: a restored text is not shown before.
   void UpdateTextMacrosMap(MacroPairs const &macros);
+  /// Adds `text`, as a rule the key of a macro: at the caret of the open editor, at the end of the
+  /// selected text box, or in a new box at the bottom of the picture.
+  void AddTextMacro(wxString const &text);
 
   // --- For the modes, the panel and the objects ---
 
@@ -171,6 +179,8 @@ public:
 private:
   friend class IAnnotationToolMode;
   friend class AnnShapeToolMode;
+  friend class AnnTextToolMode;
+  friend class BoxToolMode;
   friend class AnnArrowToolMode;
   friend class AnnGeneralToolMode;
   friend class AnnPencilToolMode;
@@ -194,6 +204,7 @@ private:
   bool hasSelection() const;
   void setNextStateOnSelected();
   void startDrawingObject();
+  void deselectAndStartDrawing();
   void startMovingOrResizingObject();
   void startResizingObject();
   bool deleteSelectedIfWouldDisappear();
@@ -205,6 +216,7 @@ private:
                                          double scale);
   void drawIgnoringScale(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
                          double scale);
+  void addTextBox(wxString const &text);
   void drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter, std::int64_t frame,
                           wxPoint2DDouble const &offset);
   wxImage paintAnnotatedFrame(wxImage const &frame, std::int64_t frameIndex);
@@ -229,7 +241,7 @@ private:
   std::shared_ptr<IAnnotationToolMode> m_activeTool;
   ToolModes m_toolModes;
   ToolState m_state = ToolState::Default;
-  wxWindow *m_drawOn = nullptr;  // not owned
+  wxWeakRef<wxWindow> m_drawOn;  // not owned
   double m_scale = 1.0;
   bool m_visible = true;
   bool m_mouseEnabled = true;

@@ -26,10 +26,8 @@ void AnnArrowToolMode::OnMouseDrawing(wxMouseEvent const &event) {
 }
 
 void AnnArrowToolMode::OnMouseResizing(wxMouseEvent const &event) {
-  auto *const arrow = selectedAs<AnnArrow>();
-  if (arrow == nullptr) return;
   if (event.GetEventType() == wxEVT_MOTION) {
-    arrow->ModifyTo(m_tool->m_mousePosition);
+    if (auto *const arrow = selectedAs<AnnArrow>()) arrow->ModifyTo(m_tool->m_mousePosition);
   } else if (event.GetEventType() == wxEVT_LEFT_UP) {
     finishResizing();
   }

@@ -5,7 +5,7 @@
 
 #include "coordinates/pixel_geometry.h"
 #include "framenote/annotation_tool.h"
-#include "objects/ann_shape.h"
+#include "objects/annotation_object.h"
 
 IAnnotationToolMode::IAnnotationToolMode(Types modeId, AnnotationTool *tool)
     : m_modeId(modeId),
@@ -57,8 +57,7 @@ void IAnnotationToolMode::OnMouseSelected(wxMouseEvent const &event) {
     m_tool->startMovingOrResizingObject();
     return;
   }
-  m_tool->changeSelectedToEnd();
-  m_tool->startDrawingObject();
+  m_tool->deselectAndStartDrawing();
 }
 
 void IAnnotationToolMode::OnMouseAtRotationPoint(wxMouseEvent const &) {}
@@ -105,31 +104,6 @@ void IAnnotationToolMode::OnMouseAtResizePoint(wxMouseEvent const &event) {
   }
 }
 
-void IAnnotationToolMode::onShapeMouseAtRotationPoint(wxMouseEvent const &event) {
-  auto *const shape = selectedAs<AnnShape>();
-  if (shape == nullptr) return;
-  if (event.GetEventType() == wxEVT_LEFT_DOWN) {
-    shape->RememberCurrentPosition();
-    m_tool->m_state = ToolState::Rotating;
-  } else if (event.GetEventType() == wxEVT_MOTION &&
-             !shape->IsAtRotationPoint(m_tool->m_mousePosition)) {
-    m_tool->leaveObject();
-    m_tool->m_state = ToolState::Selected;
-  }
-}
-
-void IAnnotationToolMode::onShapeMouseRotating(wxMouseEvent const &event) {
-  if (event.GetEventType() == wxEVT_LEFT_UP) {
-    m_tool->setNextStateOnSelected();
-    m_tool->onObjectsModified();
-  } else if (event.GetEventType() == wxEVT_MOTION) {
-    wxPoint2DInt const &position = m_tool->m_mousePosition;
-    if (auto *const shape = selectedAs<AnnShape>()) {
-      shape->Rotate(wxPoint(position.m_x, position.m_y));
-    }
-  }
-}
-
 std::int64_t IAnnotationToolMode::GetToolFrameCount() const {
   return m_tool->m_mediaInfo.frameCount;
 }
@@ -163,10 +137,14 @@ bool IAnnotationToolMode::isDrawing() const {
   return m_tool->m_state == ToolState::Drawing;
 }
 
-void IAnnotationToolMode::finishDrawing(std::unique_ptr<IAnnotationObject> object) {
+void IAnnotationToolMode::insertAndSelect(std::unique_ptr<IAnnotationObject> object) {
   InsertPastedObject(std::move(object));
   m_tool->enterObject(m_tool->m_objects.begin());
   m_tool->selectObject(true);
+}
+
+void IAnnotationToolMode::finishDrawing(std::unique_ptr<IAnnotationObject> object) {
+  insertAndSelect(std::move(object));
   m_tool->onObjectsModified();
 }
 

@@ -36,7 +36,8 @@ public:
   virtual void FinishEditing();
   /// Whether an editor is open.
   virtual bool IsEditing() const;
-  /// Drops what a drag has produced so far. Called when a drag starts and whenever one is cut off.
+  /// Drops what a drag has produced so far, and closes an open editor. Called when a drag starts
+  /// and whenever a gesture is cut off.
   virtual void DiscardDrawing();
 
   // The handlers, each named after its state. An event of a type that they do not know is ignored.
@@ -78,7 +79,9 @@ protected:
   }
   IAnnotationObject *selectedObject() const;
   bool isDrawing() const;
-  /// A drag has made `object`: puts it in front and selects it.
+  /// Puts a new object in front and selects it.
+  void insertAndSelect(std::unique_ptr<IAnnotationObject> object);
+  /// A drag has made `object`: inserts and selects it, and brings the document up to date.
   void finishDrawing(std::unique_ptr<IAnnotationObject> object);
   /// Forgets where the press was, after a drag.
   void forgetPositions();
@@ -88,10 +91,6 @@ protected:
   void applyPropertiesToSelected(bool updatesArea);
   /// Whether Shift alone is held.
   static bool isSquareKey(wxMouseEvent const &event);
-
-  // What the modes of all kinds that can be turned share
-  void onShapeMouseAtRotationPoint(wxMouseEvent const &event);
-  void onShapeMouseRotating(wxMouseEvent const &event);
 
   Types m_modeId;
   wxString m_modeName;

@@ -7,9 +7,11 @@ ToolModes::ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode,
                      std::shared_ptr<AnnShapeToolMode> shapeMode,
                      std::shared_ptr<AnnArrowToolMode> arrowMode,
                      std::shared_ptr<AnnPencilToolMode> pencilMode,
+                     std::shared_ptr<AnnTextToolMode> textMode,
                      std::shared_ptr<AnnGeneralToolMode> generalMode)
     : idle(std::move(idleMode)),
       shape(std::move(shapeMode)),
       arrow(std::move(arrowMode)),
       pencil(std::move(pencilMode)),
+      text(std::move(textMode)),
       general(std::move(generalMode)) {}

@@ -10,6 +10,7 @@ class AnnGeneralToolMode;
 class AnnIdleToolMode;
 class AnnPencilToolMode;
 class AnnShapeToolMode;
+class AnnTextToolMode;
 class IAnnotationToolMode;
 
 /// The modes of one tool, each by its concrete class. A plain record.
@@ -18,11 +19,13 @@ struct FRAMENOTE_API ToolModes {
   ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode, std::shared_ptr<AnnShapeToolMode> shapeMode,
             std::shared_ptr<AnnArrowToolMode> arrowMode,
             std::shared_ptr<AnnPencilToolMode> pencilMode,
+            std::shared_ptr<AnnTextToolMode> textMode,
             std::shared_ptr<AnnGeneralToolMode> generalMode);
 
   std::shared_ptr<AnnIdleToolMode> idle;
   std::shared_ptr<AnnShapeToolMode> shape;
   std::shared_ptr<AnnArrowToolMode> arrow;
   std::shared_ptr<AnnPencilToolMode> pencil;
+  std::shared_ptr<AnnTextToolMode> text;
   std::shared_ptr<AnnGeneralToolMode> general;
 };

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "modes/ann_arrow_tool_mode.h"
+#include "objects/ann_shape.h"
 #include "objects/arrow_geometry.h"
 #include "objects/object_painting.h"
 #include "objects/recorded_object_impl.h"
@@ -42,6 +43,10 @@ AnnArrow::AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxJSONValue co
 
 AnnArrow::AnnArrow(AnnArrow const &other) = default;
 AnnArrow::~AnnArrow() = default;
+
+bool AnnArrow::IsJSONValid(wxJSONValue const &json) {
+  return AnnShape::IsJSONValid(json);
+}
 
 void AnnArrow::initFromJSONVal() {}
 

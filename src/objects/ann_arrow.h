@@ -18,10 +18,13 @@ class FRAMENOTE_API AnnArrow
 public:
   AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxPoint2DInt const &head,
            wxPoint2DInt const &tail, std::int64_t frame);
-  /// REQUIRES: AnnShape::IsJSONValid(json).
+  /// REQUIRES: IsJSONValid(json).
   AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxJSONValue const &json);
   AnnArrow(AnnArrow const &other);
   ~AnnArrow() override;
+
+  /// Whether an object can be made from `json`: the rule of AnnShape.
+  static bool IsJSONValid(wxJSONValue const &json);
 
   void Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) const override;
   void DrawFocused(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,

@@ -65,6 +65,8 @@ bool AnnShape::IsJSONValid(wxJSONValue const &json) {
 
 void AnnShape::initFromJSONVal() {}
 
+void AnnShape::onCornersDragged(bool) {}
+
 std::mutex &AnnShape::GetCoordinatesMutex() const {
   return m_coordinates.GetMutex();
 }

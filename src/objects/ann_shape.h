@@ -27,7 +27,7 @@ public:
   AnnShape(AnnShape const &other);
   ~AnnShape() override;
 
-  /// Whether an object can be made from `json`; arrows are judged by the same rule.
+  /// Whether an object can be made from `json`.
   static bool IsJSONValid(wxJSONValue const &json);
 
   void Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) const override;
@@ -72,6 +72,8 @@ public:
   void CalculateAspectRatio(AnnShapePoints const &record);
   double GetAspectRatio() const { return m_aspectRatio; }
   double GetRotationAngle() const { return m_rotationAngle; }
+  /// The angle that a drag started from.
+  double GetRememberedAngle() const { return m_rememberedAngle; }
   void UpdateRotationState(double angle);
   /// Saves the corners, the angle and the aspect ratio that a drag starts from. A shape collapsed
   /// to one pixel keeps what was saved before.
@@ -109,6 +111,9 @@ private:
 
   void findContainingRect() override;
   void initFromJSONVal() override;
+  /// A resize or a turn has moved the corners of the current record; what is placed by them
+  /// follows.
+  virtual void onCornersDragged(bool isResize);
   double getAngleFromPosition(AnnShapePoints const &record) const;
   double rotationArm() const;
   void leaveFrame(std::lock_guard<std::mutex> const &lock, std::int64_t previous,

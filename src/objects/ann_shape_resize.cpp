@@ -122,6 +122,7 @@ void AnnShape::ResizeTo(wxPoint2DInt const &position, bool keepAspectRatio) {
     m_coordinates.SetCoordinatesNotUpdatedInJson();
   }
   m_containingRectValid = false;
+  onCornersDragged(true);
 }
 
 // When a drag enters a new frame, the record left behind is repaired before the new one is edited.
@@ -189,6 +190,7 @@ void AnnShape::Rotate(wxPoint const &position) {
     record.m_bottomRight = m_rememberedBottomRight - (record.m_topLeft - m_rememberedTopLeft);
     deriveAfterEdit(record);
   });
+  onCornersDragged(false);
 }
 
 void AnnShape::CheckIfReflectedAlongAxis(std::lock_guard<std::mutex> const &, bool adjustOrder) {

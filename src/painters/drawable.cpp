@@ -84,6 +84,10 @@ bool DrawableRange::CanStretch(wxBitmap const &bitmap, double width, double heig
          canReduce(bitmap.GetHeight(), height);
 }
 
+wxFont UsableFont(wxFont const &font) {
+  return font.IsOk() ? font : *wxNORMAL_FONT;
+}
+
 double DrawableScale(double scale) {
   return std::clamp(UsableScale(scale), kMinScale, kMaxScale);
 }

@@ -45,6 +45,9 @@ private:
   double m_limit;
 };
 
+/// The font, or the stock one where it is not Ok: a font that cannot be read must not hide a text.
+FRAMENOTE_API wxFont UsableFont(wxFont const &font);
+
 /// A scale that a surface can take and undo: 0.001 to 1000; 1 for one that is not positive and
 /// finite.
 FRAMENOTE_API double DrawableScale(double scale);

@@ -4,14 +4,13 @@
 #include <algorithm>
 #include <utility>
 
-#include <wx/window.h>
-
 #include "framenote/annotation_events.h"
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_general_tool_mode.h"
 #include "modes/ann_idle_tool_mode.h"
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
+#include "modes/ann_text_tool_mode.h"
 #include "objects/annotation_object.h"
 
 namespace {
@@ -20,12 +19,13 @@ constexpr std::size_t kMacroBuckets = 16;
 
 ToolModes MakeModes(AnnotationTool *tool) {
   auto general = std::make_shared<AnnGeneralToolMode>(Types::General, tool);
+  auto text = std::make_shared<AnnTextToolMode>(Types::Text, tool);
   auto pencil = std::make_shared<AnnPencilToolMode>(Types::Pencil, tool);
   auto arrow = std::make_shared<AnnArrowToolMode>(Types::Arrow, tool);
   auto shape = std::make_shared<AnnShapeToolMode>(Types::Shape, tool);
   auto idle = std::make_shared<AnnIdleToolMode>(Types::Idle, tool);
   return ToolModes(std::move(idle), std::move(shape), std::move(arrow), std::move(pencil),
-                   std::move(general));
+                   std::move(text), std::move(general));
 }
 
 }  // namespace
@@ -76,9 +76,9 @@ void AnnotationTool::enterDefaultState() {
 
 AnnotationPanel *AnnotationTool::InitGui(wxWindow *, wxEvtHandler *sink,
                                          std::shared_ptr<AnnotationTool> self) {
-  std::shared_ptr<AnnotationTool> const owner = self ? std::move(self) : shared_from_this();
+  if (!self) self = shared_from_this();
   // Stored last, so that events raised while the interface is being built reach nobody.
-  owner->m_eventSink = sink;
+  m_eventSink = sink;
   return m_panel;
 }
 
@@ -230,16 +230,19 @@ void AnnotationTool::Refresh() {
 void AnnotationTool::SetActiveTool(Types mode) {
   switch (mode) {
     case Types::Idle:
-      m_activeTool = m_toolModes.idle;
+      SetActiveTool(m_toolModes.idle);
       break;
     case Types::Shape:
-      m_activeTool = m_toolModes.shape;
+      SetActiveTool(m_toolModes.shape);
       break;
     case Types::Arrow:
-      m_activeTool = m_toolModes.arrow;
+      SetActiveTool(m_toolModes.arrow);
       break;
     case Types::Pencil:
-      m_activeTool = m_toolModes.pencil;
+      SetActiveTool(m_toolModes.pencil);
+      break;
+    case Types::Text:
+      SetActiveTool(m_toolModes.text);
       break;
     default:
       break;
@@ -247,7 +250,14 @@ void AnnotationTool::SetActiveTool(Types mode) {
 }
 
 void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode) {
-  if (mode) m_activeTool = mode;
+  if (!mode) return;
+  bool const leavesEditor = mode != m_activeTool && m_activeTool && m_activeTool->IsEditing();
+  if (leavesEditor) m_activeTool->FinishEditing();
+  m_activeTool = mode;
+  if (!leavesEditor) return;
+  // The other mode knows nothing of the editor, so the tool must not stay in its state.
+  m_state = hasSelection() ? ToolState::Selected : ToolState::Default;
+  onObjectsModified();
 }
 
 ToolModes const &AnnotationTool::GetToolModes() const {

@@ -5,9 +5,11 @@
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
+#include "modes/ann_text_tool_mode.h"
 #include "objects/ann_arrow.h"
 #include "objects/ann_pencil.h"
 #include "objects/ann_shape.h"
+#include "objects/ann_text.h"
 #include "talbase/json_conversions.h"
 #include "tool/document_budget.h"
 
@@ -82,11 +84,14 @@ std::unique_ptr<IAnnotationObject> AnnotationTool::objectFromJSON(
       if (!AnnShape::IsJSONValid(element)) return nullptr;
       return std::make_unique<AnnShape>(m_toolModes.shape, element);
     case Types::Arrow:
-      if (!AnnShape::IsJSONValid(element)) return nullptr;
+      if (!AnnArrow::IsJSONValid(element)) return nullptr;
       return std::make_unique<AnnArrow>(m_toolModes.arrow, element);
     case Types::Pencil:
       if (!AnnPencil::IsJSONValid(element)) return nullptr;
       return std::make_unique<AnnPencil>(m_toolModes.pencil, element);
+    case Types::Text:
+      if (!AnnText::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnText>(m_toolModes.shape, m_toolModes.text, element);
     default:
       return nullptr;
   }

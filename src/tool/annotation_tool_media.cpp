@@ -9,8 +9,8 @@
 #include <opencv2/core.hpp>
 
 #include "framenote/annotation_tool.h"
-#include "modes/annotation_tool_mode.h"
-#include "objects/annotation_object.h"
+#include "modes/ann_text_tool_mode.h"
+#include "objects/ann_text.h"
 #include "talbase/layout_direction.h"
 
 namespace {
@@ -62,6 +62,11 @@ void AnnotationTool::UpdateMediaInfo(AnnotationMediaInfo const &info) {
 }
 
 void AnnotationTool::rewindSelection() {
+  if (m_activeTool->GetModeId() == Types::Text) {
+    if (auto *const text = dynamic_cast<AnnText *>(GetSelectedObject())) {
+      m_toolModes.text->stopEditing(*text);
+    }
+  }
   changeSelectedToEnd();
   leaveObject();
 }

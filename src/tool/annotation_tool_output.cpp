@@ -4,9 +4,13 @@
 
 #include <wx/bitmap.h>
 #include <wx/dcmemory.h>
+#include <wx/textctrl.h>
 
+#include "coordinates/pixel_geometry.h"
 #include "framenote/annotation_tool.h"
-#include "objects/annotation_object.h"
+#include "modes/ann_shape_tool_mode.h"
+#include "modes/ann_text_tool_mode.h"
+#include "objects/ann_text.h"
 #include "painters/ann_painter.h"
 
 namespace {
@@ -27,6 +31,39 @@ bool CanBePainted(wxSize const &size) {
 
 void AnnotationTool::UpdateTextMacrosMap(MacroPairs const &macros) {
   for (auto const &[key, value] : macros) m_textMacros[key] = value;
+  for (IAnnotationObject *object : m_objects) {
+    if (!object->IsPresentInFrame(m_mediaInfo.frameIndex)) continue;
+    if (auto *const text = dynamic_cast<AnnText *>(object)) text->ParseTextLines(m_textMacros);
+  }
+}
+
+void AnnotationTool::AddTextMacro(wxString const &text) {
+  if (text.empty()) return;
+  auto *const selected = dynamic_cast<AnnText *>(GetSelectedObject());
+  if (selected == nullptr) {
+    addTextBox(text);
+  } else if (wxTextCtrl *const editor = m_toolModes.text->GetTextCtrl()) {
+    editor->WriteText(text);
+  } else {
+    selected->AppendTextAndParse(text, m_textMacros);
+    Refresh();
+  }
+}
+
+void AnnotationTool::addTextBox(wxString const &text) {
+  wxSize const size = m_toolModes.text->MeasureText(
+      AnnText::ParseString(text, m_textMacros), m_toolModes.text->m_properties->GetFont(), false);
+  wxSize const picture = m_image.IsOk() ? m_image.GetSize() : wxSize();
+  wxPoint const topLeft(framenote::TruncateToInt((picture.x - size.x) * 0.5), picture.y - size.y);
+  auto box = std::make_unique<AnnText>(m_toolModes.shape, m_toolModes.text, wxRect(topLeft, size),
+                                       m_mediaInfo.frameIndex);
+  box->SetTextAndParse(text, m_textMacros);
+  if (box->WouldDisappear()) return;
+  m_objects.push_front(box.release());  // owned by the list
+  changeSelectedTo(m_objects.begin(), false);
+  setNextStateOnSelected();
+  onObjectsModified();
+  Refresh();
 }
 
 wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,

@@ -101,13 +101,20 @@ void AnnotationTool::setNextStateOnSelected() {
 }
 
 void AnnotationTool::startDrawingObject() {
-  if (IsIdle()) return;
+  if (IsIdle() || m_activeTool->GetModeId() == Types::General) return;
   m_activeTool->DiscardDrawing();
   if (m_mediaInfo.IsVideo()) {
     post(AnnotationStartedEvent(wxEVT_ANN_STARTED, m_mediaInfo.frameIndex));
   }
   m_pressPosition = m_mousePosition;
   m_state = ToolState::Drawing;
+}
+
+void AnnotationTool::deselectAndStartDrawing() {
+  changeSelectedToEnd();
+  // A mode that draws nothing must not stay in a state that has a selection.
+  m_state = ToolState::Default;
+  startDrawingObject();
 }
 
 void AnnotationTool::startMovingOrResizingObject() {

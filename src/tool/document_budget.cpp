@@ -3,6 +3,7 @@
 
 #include "coordinates/coordinate_runs.h"
 #include "objects/ann_pencil.h"
+#include "objects/ann_text.h"
 #include "objects/annotation_object.h"
 #include "talbase/json_value.h"
 
@@ -15,13 +16,20 @@ constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
 /// Points of all strokes of a document, in all their runs.
 constexpr std::int64_t kMaxPathPointsOfDocument = std::int64_t{1} << 26;
 
+/// The runs of an object; those of a text box are its rectangle's.
+wxJSONValue RunsOf(wxJSONValue const &element) {
+  bool const hasRectangle = element.HasMember(AnnText::rectangleKey);
+  wxJSONValue const &geometry = hasRectangle ? element.ItemAt(AnnText::rectangleKey) : element;
+  return geometry.ItemAt(IAnnotationObject::coordinatesKey);
+}
+
 std::int64_t ExtraFramesOf(wxJSONValue const &element, std::int64_t frameCount) {
-  return CountExtraFrames(element.ItemAt(IAnnotationObject::coordinatesKey), frameCount);
+  return CountExtraFrames(RunsOf(element), frameCount);
 }
 
 std::int64_t PathPointsOf(wxJSONValue const &element) {
   std::int64_t const points = element.ItemAt(AnnPencil::pathDiffsKey).Size();
-  return points * CountRuns(element.ItemAt(IAnnotationObject::coordinatesKey));
+  return points * CountRuns(RunsOf(element));
 }
 
 }  // namespace

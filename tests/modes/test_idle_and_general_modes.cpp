@@ -57,6 +57,23 @@ TEST_P(ModeWithoutDrawing, PressOnNothingChangesNothing) {
   EXPECT_TRUE(m_driver.Sink().Types().empty());
 }
 
+TEST_P(ModeWithoutDrawing, PressOnNothingEndsASelectionThatOutlivedItsMode) {
+  // A host may change the mode while an object is selected.
+  m_driver.DrawShape({220, 200}, {260, 240});
+  ToolModes const &modes = m_driver.Tool().GetToolModes();
+  m_driver.UseTool(Types::Idle);
+  if (GetParam() == Types::General) m_driver.Tool().SetActiveTool(modes.general);
+  ASSERT_NE(m_driver.Selected(), nullptr);
+  m_driver.Press(300, 300);
+  EXPECT_EQ(m_driver.Selected(), nullptr);
+  EXPECT_EQ(m_driver.State(), ToolState::Default);
+  m_driver.Move(350, 350);
+  m_driver.Release(350, 350);
+  m_driver.Press(300, 300);
+  EXPECT_EQ(m_driver.State(), ToolState::Default);
+  EXPECT_EQ(m_driver.ObjectCount(), 3U);
+}
+
 TEST_P(ModeWithoutDrawing, ObjectsAreHoveredSelectedAndMoved) {
   m_driver.Move(45, 50);
   EXPECT_TRUE(Lower().IsFocused());

@@ -1,103 +1,22 @@
 // SPDX-License-Identifier: MIT
 // Each mode once with real events on a real window: what the X server delivers, not what a test
 // makes up.
-#include <wx/app.h>
-#include <wx/dcclient.h>
-#include <wx/frame.h>
-#include <wx/uiaction.h>
-
 #include <gtest/gtest.h>
 
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_general_tool_mode.h"
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
+#include "modes/canvas_fixture.h"
 #include "objects/ann_arrow.h"
 #include "objects/ann_pencil.h"
 #include "objects/ann_shape.h"
-#include "support/tool_driver.h"
 
 namespace framenote::test {
 
 namespace {
 
-/// A window that does what a host does: it forwards the mouse and paints. It shows the picture at
-/// twice its size, moved by (5, 10) picture pixels.
-class ModesOnAWindow : public testing::Test {
-protected:
-  static constexpr double kScale = 2.0;
-
-  void SetUp() override {
-    m_frame = new wxFrame(nullptr, wxID_ANY, "", {40, 40}, {640, 480});  // destroyed in TearDown
-    m_canvas = new wxWindow(m_frame, wxID_ANY);                          // owned by the frame
-    m_canvas->SetBackgroundStyle(wxBG_STYLE_PAINT);
-    m_canvas->Bind(wxEVT_PAINT, [this](wxPaintEvent &) {
-      wxPaintDC dc(m_canvas);
-      dc.SetBackground(*wxWHITE_BRUSH);
-      dc.Clear();
-      m_driver.Tool().Draw(dc, m_canvas, m_offset, kScale);
-      ++m_paints;
-    });
-    for (auto const &type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_MOTION}) {
-      m_canvas->Bind(type, [this](wxMouseEvent &event) {
-        // Of two presses at one place the second one comes as a double click.
-        if (event.LeftDClick()) event.SetEventType(wxEVT_LEFT_DOWN);
-        wxPoint const pixel(event.GetX() / 2 - 5, event.GetY() / 2 - 10);
-        m_driver.Tool().ProcessMouseEvent(pixel, event, kScale, m_offset);
-        m_canvas->Refresh();
-        ++m_events;
-      });
-    }
-    m_frame->Show();
-    m_mouse.MouseMove(1000, 900);
-    Settle([this] { return m_paints > 0; });
-    ASSERT_GT(m_paints, 0);
-  }
-
-  void TearDown() override {
-    m_driver.Tool().Reset(false);
-    m_frame->Destroy();
-    wxYield();
-  }
-
-  /// Lets events run until something is so.
-  template <class Condition>
-  static void Settle(Condition const &isReached) {
-    for (int i = 0; i < 200 && !isReached(); ++i) {
-      wxYield();
-      wxTheApp->ProcessPendingEvents();
-      if (!isReached()) wxMilliSleep(5);
-    }
-  }
-
-  /// Does something with the mouse and waits for the event that follows.
-  template <class Action>
-  void Do(Action const &action) {
-    int const before = m_events;
-    action();
-    Settle([this, before] { return m_events > before; });
-    ASSERT_GT(m_events, before);
-  }
-
-  void MoveTo(int x, int y) {
-    Do([&] { m_mouse.MouseMove(m_canvas->ClientToScreen(wxPoint((x + 5) * 2, (y + 10) * 2))); });
-  }
-
-  void Drag(std::vector<wxPoint> const &points) {
-    MoveTo(points.front().x, points.front().y);
-    Do([this] { m_mouse.MouseDown(); });
-    for (std::size_t i = 1; i < points.size(); ++i) MoveTo(points[i].x, points[i].y);
-    Do([this] { m_mouse.MouseUp(); });
-  }
-
-  ToolDriver m_driver;
-  wxUIActionSimulator m_mouse;
-  wxFrame *m_frame = nullptr;
-  wxWindow *m_canvas = nullptr;
-  wxPoint2DDouble m_offset = {5.0, 10.0};
-  int m_paints = 0;
-  int m_events = 0;
-};
+using ModesOnAWindow = CanvasTest;
 
 TEST_F(ModesOnAWindow, ShapeIsDrawnResizedAndTurned) {
   m_driver.UseTool(Types::Shape);
