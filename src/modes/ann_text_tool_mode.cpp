@@ -133,6 +133,10 @@ void AnnTextToolMode::layoutTextCtrl(AnnText const &text) {
   m_textCtrl->SetPosition(wxPoint(Scaled(place.x, scale), Scaled(place.y, scale)));
   m_textCtrl->SetFont(editorFont(text));
   m_textCtrl->SetSize(Scaled(box.width, scale), Scaled(box.height, scale));
+  // All of the text has room; a control that has scrolled while it had none shows its beginning
+  // again, once it has its new size.
+  wxTextCtrl *const control = m_textCtrl;
+  control->CallAfter([control] { control->ShowPosition(0); });
   wxColour const colour = text.TextProperties().GetFontColor();
   m_textCtrl->SetForegroundColour(colour);
   bool const isBright = (colour.Red() + colour.Green() + colour.Blue()) / 3 > kBrightness;

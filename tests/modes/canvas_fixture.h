@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/frame.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
+#include "support/screen_capture.h"
 #include "support/tool_driver.h"
 
 namespace framenote::test {
@@ -21,6 +21,9 @@ namespace framenote::test {
 /// and keys come from the X server.
 class CanvasTest : public testing::Test {
 protected:
+  explicit CanvasTest(std::int64_t frameCount = 1, bool withDeviceContext = false)
+      : m_driver(frameCount, false, withDeviceContext) {}
+
   void SetUp() override {
     m_frame = new wxFrame(nullptr, wxID_ANY, "", {40, 40}, {640, 480});  // destroyed in TearDown
     m_canvas = new wxWindow(m_frame, wxID_ANY);                          // owned by the frame
@@ -43,6 +46,7 @@ protected:
   }
 
   void TearDown() override {
+    if (m_canvas->HasCapture()) m_canvas->ReleaseMouse();
     m_driver.Tool().Reset(false);
     m_frame->Destroy();
     wxYield();
@@ -51,6 +55,10 @@ protected:
   void Forward(wxMouseEvent &event) {
     wxPoint const pixel(wxRound(event.GetX() / m_scale - m_offset.m_x),
                         wxRound(event.GetY() / m_scale - m_offset.m_y));
+    if ((event.LeftDown() || event.LeftDClick()) && !m_canvas->HasCapture()) {
+      m_canvas->CaptureMouse();
+    }
+    if (event.LeftUp() && m_canvas->HasCapture()) m_canvas->ReleaseMouse();
     m_driver.Tool().ProcessMouseEvent(pixel, event, m_scale, m_offset);
     m_canvas->Refresh();
     ++m_events;
@@ -80,8 +88,8 @@ protected:
   }
 
   wxPoint OnScreen(int x, int y) const {
-    return m_canvas->ClientToScreen(wxPoint(wxRound((x + m_offset.m_x) * m_scale),
-                                            wxRound((y + m_offset.m_y) * m_scale)));
+    return m_canvas->ClientToScreen(
+        wxPoint(wxRound((x + m_offset.m_x) * m_scale), wxRound((y + m_offset.m_y) * m_scale)));
   }
 
   void MoveTo(int x, int y) {
@@ -115,14 +123,8 @@ protected:
     Repaint();
     Repaint();
     wxYield();
-    wxSize const size = m_canvas->GetClientSize();
-    wxBitmap shot(size);
-    wxScreenDC screen;
-    wxMemoryDC memory(shot);
-    wxPoint const origin = m_canvas->ClientToScreen(wxPoint(0, 0));
-    memory.Blit(wxPoint(0, 0), size, &screen, origin);
-    memory.SelectObject(wxNullBitmap);
-    return shot.ConvertToImage();
+    return CaptureScreen(
+        wxRect(m_canvas->ClientToScreen(wxPoint(0, 0)), m_canvas->GetClientSize()));
   }
 
   ToolDriver m_driver;

@@ -94,6 +94,10 @@ wxStockCursor ToolDriver::RightRelease(int x, int y) {
   return send(wxEVT_RIGHT_UP, x, y);
 }
 
+wxStockCursor ToolDriver::DoubleClick(int x, int y) {
+  return send(wxEVT_LEFT_DCLICK, x, y);
+}
+
 void ToolDriver::Drag(wxPoint const &from, wxPoint const &to) {
   Press(from.x, from.y);
   Move((from.x + to.x) / 2, (from.y + to.y) / 2);

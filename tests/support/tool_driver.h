@@ -69,6 +69,7 @@ public:
   wxStockCursor Move(int x, int y);
   wxStockCursor Release(int x, int y);
   wxStockCursor RightRelease(int x, int y);
+  wxStockCursor DoubleClick(int x, int y);
   /// Press, two motions, release.
   void Drag(wxPoint const &from, wxPoint const &to);
   /// Chooses the shape tool and draws a rectangle whose corners are `from` and `to`.

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// The text tool as a user has it: real mouse, real keys, and what the screen shows.
+#include <gtest/gtest.h>
+
+#include "modes/text_canvas_fixture.h"
+
+namespace framenote::test {
+
+namespace {
+
+/// With both painters, at twice the size and at the picture's own.
+class TextEditing : public TextCanvasTest,
+                    public testing::WithParamInterface<std::tuple<bool, int>> {
+protected:
+  TextEditing() : TextCanvasTest(1, std::get<0>(GetParam())) { m_scale = std::get<1>(GetParam()); }
+
+  void ClickElsewhere() { Click(20, 120); }
+
+  /// Two picture pixels: the heights of fonts do not grow in step with their sizes.
+  int Tolerance() const { return wxRound(2 * m_scale); }
+};
+
+std::string CaseName(testing::TestParamInfo<std::tuple<bool, int>> const &parameter) {
+  auto const [withDeviceContext, zoom] = parameter.param;
+  return (withDeviceContext ? "DeviceContextAtZoom" : "GraphicsContextAtZoom") +
+         std::to_string(zoom);
+}
+
+INSTANTIATE_TEST_SUITE_P(, TextEditing, testing::Combine(testing::Bool(), testing::Values(1, 2)),
+                         CaseName);
+
+TEST_P(TextEditing, EditorLiesWhereTheTextIsPaintedThen) {
+  DrawBox({60, 20}, {220, 100});
+  Type("First line");
+  TypeReturn();
+  Type("2nd");
+  wxRect const edited = Ink();
+  EXPECT_EQ(Text(), "First line\n2nd");
+  ClickElsewhere();
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_TRUE(Covers(Ink(), edited, Tolerance()));
+}
+
+TEST_P(TextEditing, TextIsTypedSelectedAndEditedAgain) {
+  DrawBox({60, 20}, {220, 100});
+  Type("Plate");
+  TypeReturn();
+  Type("unread");
+  EXPECT_EQ(Started(), 1U);
+  ClickElsewhere();
+  EXPECT_EQ(m_driver.Selected(), nullptr);
+  EXPECT_EQ(Finished(), 1U);
+  // The box is hit beside its text too.
+  Click(100, 85);
+  EXPECT_EQ(m_driver.Selected(), &Box());
+  EXPECT_EQ(m_driver.State(), ToolState::Selected);
+  // One click on the text of the selected box opens it. The lines lie about the box's middle.
+  Click(140, 60);
+  ASSERT_EQ(m_driver.State(), ToolState::Editing);
+  EXPECT_EQ(Started(), 2U);
+  Type("able");
+  ClickElsewhere();
+  EXPECT_EQ(Text(), "Plate\nunreadable");
+  EXPECT_EQ(Box().GetTextLines(), (std::vector<wxString>{"Plate", "unreadable"}));
+  EXPECT_EQ(Finished(), 2U);
+  EXPECT_EQ(m_driver.ObjectCount(), 1U);
+}
+
+TEST_P(TextEditing, TextFollowsTheBoxThatIsMovedResizedAndTurned) {
+  DrawBox({60, 20}, {220, 100});
+  Type("Here");
+  ClickElsewhere();
+  wxRect const first = Ink();
+  int const zoom = std::get<1>(GetParam());
+  Drag({{100, 85}, {110, 90}, {120, 105}});
+  EXPECT_EQ(Record().m_topLeft, wxPoint2DDouble(80, 40));
+  wxRect moved = first;
+  moved.Offset(20 * zoom, 20 * zoom);
+  EXPECT_TRUE(Covers(Ink(), moved, 1));
+  // From (240, 120) to (220, 100): the middle moves by half of that.
+  Drag({{240, 120}, {230, 110}, {220, 100}});
+  EXPECT_EQ(Record().m_bottomRight, wxPoint2DDouble(220, 100));
+  wxRect resized = moved;
+  resized.Offset(-10 * zoom, -10 * zoom);
+  EXPECT_TRUE(Covers(Ink(), resized, 2));
+  // A quarter turn about the middle (150, 70): what was wide is high then.
+  MoveTo(150, 70);
+  MoveTo(150, 40 - 30 / zoom);
+  Drag({{150, 40 - 30 / zoom}, {200, 60}, {220, 70}});
+  wxRect const turned = Ink();
+  EXPECT_NEAR(turned.height, resized.width, 2);
+  EXPECT_NEAR(turned.width, resized.height, 2);
+}
+
+TEST_P(TextEditing, EditorFollowsTheZoom) {
+  DrawBox({60, 20}, {180, 80});
+  Type("Zoomed");
+  m_scale += 1.0;
+  Repaint();
+  wxRect const edited = Ink();
+  ClickElsewhere();
+  EXPECT_TRUE(Covers(Ink(), edited, Tolerance()));
+}
+
+TEST_P(TextEditing, EditorFollowsTheView) {
+  DrawBox({60, 20}, {180, 80});
+  Type("Scrolled");
+  wxRect before = Ink();
+  m_offset = {-15.0, 5.0};
+  Repaint();
+  int const zoom = std::get<1>(GetParam());
+  before.Offset(-20 * zoom, -5 * zoom);
+  EXPECT_TRUE(Covers(Ink(), before, 0));
+}
+
+}  // namespace
+
+}  // namespace framenote::test
