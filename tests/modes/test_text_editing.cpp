@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "modes/text_canvas_fixture.h"
+#include "talbase/json_text.h"
 
 namespace framenote::test {
 
@@ -111,6 +112,39 @@ TEST_P(TextEditing, EditorFollowsTheView) {
   int const zoom = std::get<1>(GetParam());
   before.Offset(-20 * zoom, -5 * zoom);
   EXPECT_TRUE(Covers(Ink(), before, 0));
+}
+
+/// Latin with accents, Cyrillic, Arabic, Chinese, an emoji, and two lines.
+class InternationalText : public TextCanvasTest,
+                          public testing::WithParamInterface<char const *> {};
+
+INSTANTIATE_TEST_SUITE_P(, InternationalText,
+                         testing::Values("\xC3\xA9t\xC3\xA9 \xC3\xBC", "\xD0\x96\xD0\xB8\xD0\xB7",
+                                         "\xD9\x85\xD8\xB1\xD8\xAD\xD8\xA8\xD8\xA7",
+                                         "\xE4\xB8\xAD\xE6\x96\x87", "\xF0\x9F\x98\x80", "a\nb"));
+
+TEST_P(InternationalText, IsTypedSavedRestoredAndBurntIn) {
+  Look().SetFont(wxFont(wxFontInfo(14).FaceName("No Such Face")));
+  DrawBox({60, 20}, {220, 100});
+  wxString const text = wxString::FromUTF8(GetParam());
+  // As an input method does, rather than a key.
+  Editor()->WriteText(text);
+  m_driver.Tool().Deactivate();
+  EXPECT_EQ(Box().GetText(), text);
+
+  std::string const saved = R"({"Annotate":)" + m_driver.DocumentText() + "}";
+  EXPECT_NE(saved.find("No Such Face"), std::string::npos);
+  m_driver.Tool().FromJSON(JsonFromUtf8(saved), 1);
+  EXPECT_EQ(Box().GetText(), text);
+  EXPECT_EQ(R"({"Annotate":)" + m_driver.DocumentText() + "}", saved);
+
+  wxImage picture(300, 120);
+  picture.SetRGB(wxRect(0, 0, 300, 120), 255, 255, 255);
+  m_driver.Tool().SetExtensionColour(wxNullColour);
+  wxImage const burnt = m_driver.Tool().GetAnnotatedFrame(picture, {0, 1, false}, {});
+  wxRect const ink = pixels::BoundsOfPaint(burnt);
+  EXPECT_GT(ink.height, 8);
+  EXPECT_TRUE(wxRect(60, 20, 161, 81).Contains(ink));
 }
 
 }  // namespace
