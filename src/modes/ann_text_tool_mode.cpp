@@ -8,7 +8,6 @@
 
 #include "coordinates/pixel_geometry.h"
 #include "framenote/annotation_tool.h"
-#include "modes/text_measuring.h"
 #include "objects/ann_text.h"
 #include "objects/object_painting.h"
 #include "painters/ann_painter.h"
@@ -124,23 +123,30 @@ wxFont AnnTextToolMode::editorFont(AnnText const &text) const {
 
 void AnnTextToolMode::layoutTextCtrl(AnnText const &text) {
   if (!m_textCtrl) return;
+  wxTextCtrl *const control = m_textCtrl;
   double const scale = m_tool->m_scale;
   m_lastOffset = m_tool->m_offset;
-  m_textCtrl->SetWindowStyleFlag(editorStyle(text));
-  m_textCtrl->SetMargins(0, 0);
+  control->SetWindowStyleFlag(editorStyle(text));
+  control->SetMargins(0, 0);
   wxRect const box = text.GetTextBoxPosition();
   wxPoint const place = box.GetTopLeft() + IAnnotationObject::GetRounded(m_tool->m_offset);
-  m_textCtrl->SetPosition(wxPoint(Scaled(place.x, scale), Scaled(place.y, scale)));
-  m_textCtrl->SetFont(editorFont(text));
-  m_textCtrl->SetSize(Scaled(box.width, scale), Scaled(box.height, scale));
+  control->SetPosition(wxPoint(Scaled(place.x, scale), Scaled(place.y, scale)));
+  styleTextCtrl(text);
+  control->SetSize(Scaled(box.width, scale), Scaled(box.height, scale));
   // All of the text has room; a control that has scrolled while it had none shows its beginning
   // again, once it has its new size.
-  wxTextCtrl *const control = m_textCtrl;
   control->CallAfter([control] { control->ShowPosition(0); });
-  wxColour const colour = text.TextProperties().GetFontColor();
-  m_textCtrl->SetForegroundColour(colour);
-  bool const isBright = (colour.Red() + colour.Green() + colour.Blue()) / 3 > kBrightness;
-  m_textCtrl->SetBackgroundColour(isBright ? *wxBLACK : *wxWHITE);
+}
+
+// A key press changes nothing of this, and setting it costs more than the key press itself.
+void AnnTextToolMode::styleTextCtrl(AnnText const &text) {
+  wxFont const font = editorFont(text);
+  if (m_textCtrl->GetFont() != font) m_textCtrl->SetFont(font);
+  wxColour const letters = text.TextProperties().GetFontColor();
+  if (m_textCtrl->GetForegroundColour() != letters) m_textCtrl->SetForegroundColour(letters);
+  bool const isBright = (letters.Red() + letters.Green() + letters.Blue()) / 3 > kBrightness;
+  wxColour const ground = isBright ? *wxBLACK : *wxWHITE;
+  if (m_textCtrl->GetBackgroundColour() != ground) m_textCtrl->SetBackgroundColour(ground);
 }
 
 void AnnTextToolMode::OnScaleChanged(AnnText const &text, double scale) {
@@ -161,18 +167,17 @@ void AnnTextToolMode::onTextCtrlEnter(wxMouseEvent &) {
   if (m_tool->m_drawOn != nullptr) m_tool->m_drawOn->SetCursor(wxCursor(wxCURSOR_IBEAM));
 }
 
-wxSize AnnTextToolMode::MeasureText(wxString const &text, wxFont const &font,
-                                    bool addDescent) const {
+wxSize AnnTextToolMode::MeasureText(wxString const &text, wxFont const &font, bool addDescent) {
   if (m_tool->m_drawOn == nullptr) return {};
-  return framenote::MeasureText(*m_tool->m_drawOn, text, font, addDescent);
+  return m_measurer.Measure(*m_tool->m_drawOn, text, font, addDescent);
 }
 
-wxSize AnnTextToolMode::MeasureTextCtrl(wxString const &text, wxFont const &font) const {
+wxSize AnnTextToolMode::MeasureTextCtrl(wxString const &text, wxFont const &font) {
   wxWindow *const canvas = m_tool->m_drawOn;
   if (canvas == nullptr) return {};
   wxString roomy = text + "MMMM";
   roomy.Replace("\n", "MMMM\n");
-  wxSize const size = framenote::MeasureText(*canvas, roomy, font, true);
+  wxSize const size = m_measurer.Measure(*canvas, roomy, font, true);
   return m_textCtrl ? m_textCtrl->GetSizeFromTextSize(size)
                     : framenote::SizeOfHiddenTextCtrl(*canvas, kEditorStyle, size);
 }

@@ -7,6 +7,7 @@
 #include <wx/weakref.h>
 
 #include "modes/box_tool_mode.h"
+#include "modes/text_measurer.h"
 #include "properties/ann_text_properties.h"
 
 class AnnText;
@@ -39,9 +40,9 @@ public:
   void OnScaleChanged(AnnText const &text, double scale);
   /// The size of `text`, in picture pixels; (0, 0) without a window. `addDescent` adds the font's
   /// descent to both.
-  wxSize MeasureText(wxString const &text, wxFont const &font, bool addDescent) const;
+  wxSize MeasureText(wxString const &text, wxFont const &font, bool addDescent);
   /// The size of a control that edits `text`, with room for four capitals at the end of each line.
-  wxSize MeasureTextCtrl(wxString const &text, wxFont const &font) const;
+  wxSize MeasureTextCtrl(wxString const &text, wxFont const &font);
   /// As for any mode, and the cursor follows the text under the pointer.
   void NotifyObjectSelected(bool isNew);
   /// The open editor, or null. Its parent owns it.
@@ -58,10 +59,12 @@ private:
   bool pressOnAnotherObject();
   void closeEditor();
   long editorStyle(AnnText const &text) const;
+  void styleTextCtrl(AnnText const &text);
   wxFont editorFont(AnnText const &text) const;
   void onTextChanged(wxCommandEvent &event);
   void onTextCtrlEnter(wxMouseEvent &event);
 
+  framenote::TextMeasurer m_measurer;
   double m_lastScale;
   wxPoint2DDouble m_lastOffset;
   wxWeakRef<wxTextCtrl> m_textCtrl;  // owned by the window that it lies on
