@@ -238,11 +238,11 @@ private:
   wxColour m_defaultExtensionColor;
   AnnotationToolConfig m_config;
   std::unordered_map<wxString, wxString> m_textMacros;
+  double m_scale = 1.0;
   std::shared_ptr<IAnnotationToolMode> m_activeTool;
-  ToolModes m_toolModes;
+  ToolModes m_toolModes;  // they read the scale when they are made
   ToolState m_state = ToolState::Default;
   wxWeakRef<wxWindow> m_drawOn;  // not owned
-  double m_scale = 1.0;
   bool m_visible = true;
   bool m_mouseEnabled = true;
   AnnotationMediaInfo m_mediaInfo;
@@ -250,8 +250,8 @@ private:
   wxImage m_image;
   wxColour m_extensionColor;
   ObjectList m_objects;  // owns its elements
-  Iterator m_focused;
-  Iterator m_selected;
+  Iterator m_focused = m_objects.end();
+  Iterator m_selected = m_objects.end();
   std::unique_ptr<IAnnotationObject> m_copiedObject;
   std::set<std::int64_t> m_startFrames;
   wxPoint2DInt m_pressPosition;

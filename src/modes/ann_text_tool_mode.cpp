@@ -18,6 +18,10 @@ namespace {
 /// Many lines, no wrapping, no border and no scroll bar.
 constexpr long kEditorStyle =
     wxTE_MULTILINE | wxTE_DONTWRAP | wxTE_NO_VSCROLL | static_cast<long>(wxBORDER_NONE);
+/// The largest side of a window.
+constexpr int kMaxSide = 32767;
+/// More than any font that can be drawn.
+constexpr double kMaxEditorPoints = 1e5;
 /// Letters brighter than this stand on black, others on white.
 constexpr int kBrightness = 128;
 
@@ -85,6 +89,8 @@ void AnnTextToolMode::DrawPreview(std::unique_ptr<IAnnPainter> &painter,
 void AnnTextToolMode::startEditing(AnnText &text) {
   wxWindow *const canvas = m_tool->m_drawOn;
   if (canvas == nullptr || m_textCtrl || !text.IsShownWhole()) return;
+  // What is typed goes to the selected object.
+  if (selectedAs<AnnText>() != &text) return;
   m_tool->SendAnnotationTextEditionStartedEvent();
   m_textCtrl = new wxTextCtrl;  // owned by the canvas
   m_textCtrl->Create(canvas, wxID_ANY, text.GetText(), wxDefaultPosition, wxDefaultSize,
@@ -95,7 +101,8 @@ void AnnTextToolMode::startEditing(AnnText &text) {
   layoutTextCtrl(text);
   m_textCtrl->SetInsertionPointEnd();
   m_textCtrl->SetFocus();
-  m_tool->m_state = ToolState::Editing;
+  // A host that is told of the new focus may have closed the editor again.
+  if (m_textCtrl) m_tool->m_state = ToolState::Editing;
 }
 
 void AnnTextToolMode::stopEditing(AnnText &text) {
@@ -104,7 +111,7 @@ void AnnTextToolMode::stopEditing(AnnText &text) {
     closeEditor();
     m_tool->onObjectsModified();
   }
-  m_tool->m_state = ToolState::Selected;
+  m_tool->m_state = m_tool->hasSelection() ? ToolState::Selected : ToolState::Default;
   m_tool->SendAnnotationTextEditionFinishedEvent();
 }
 
@@ -117,7 +124,8 @@ wxFont AnnTextToolMode::editorFont(AnnText const &text) const {
   int const height = std::max(1, font.GetPixelSize().y);
   int const scaled = std::max(1, Scaled(height, m_tool->m_scale));
   // By points: where fonts are chosen by their height in pixels, only some heights can be had.
-  font.SetFractionalPointSize(font.GetFractionalPointSize() * scaled / height);
+  double const points = font.GetFractionalPointSize() * scaled / height;
+  font.SetFractionalPointSize(std::min(points, kMaxEditorPoints));
   return framenote::DrawableRange(1.0).Font(font, 1.0);
 }
 
@@ -132,7 +140,8 @@ void AnnTextToolMode::layoutTextCtrl(AnnText const &text) {
   wxPoint const place = box.GetTopLeft() + IAnnotationObject::GetRounded(m_tool->m_offset);
   control->SetPosition(wxPoint(Scaled(place.x, scale), Scaled(place.y, scale)));
   styleTextCtrl(text);
-  control->SetSize(Scaled(box.width, scale), Scaled(box.height, scale));
+  control->SetSize(std::clamp(Scaled(box.width, scale), 0, kMaxSide),
+                   std::clamp(Scaled(box.height, scale), 0, kMaxSide));
   // All of the text has room; a control that has scrolled while it had none shows its beginning
   // again, once it has its new size.
   control->CallAfter([control] { control->ShowPosition(0); });

@@ -1,47 +1,60 @@
 // SPDX-License-Identifier: MIT
 #include "objects/ann_text.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <wx/textctrl.h>
 
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
+#include "objects/boxed_object_impl.h"
 #include "objects/text_lines.h"
 #include "painters/drawable.h"
 #include "painters/drawing_tools.h"
 #include "talbase/json_conversions.h"
 #include "talbase/json_text.h"
 
+template class framenote::BoxedObject<AnnText, AnnTextToolMode, AnnTextProperties>;
+
 using framenote::JoinLines;
+
+namespace {
+
+/// `text` with each `key` replaced, as far as `maxLength` characters: a long value for a key that
+/// is there many times must not fill the memory.
+wxString ReplaceAll(wxString const &text, wxString const &key, wxString const &value,
+                    std::size_t maxLength) {
+  wxString replaced;
+  std::size_t begin = 0;
+  for (std::size_t found = text.find(key); found != wxString::npos && replaced.length() < maxLength;
+       found = text.find(key, begin)) {
+    replaced.append(text, begin, found - begin);
+    replaced += value;
+    begin = found + key.length();
+  }
+  replaced.append(text, begin, wxString::npos);
+  replaced.Truncate(maxLength);
+  return replaced;
+}
+
+}  // namespace
 
 AnnText::AnnText(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
                  std::shared_ptr<AnnTextToolMode> const &textMode, wxRect const &rect,
                  std::int64_t frame)
-    : AnnShape(shapeMode, rect, frame),
-      m_textMode(textMode),
-      m_textLines(1),
-      m_parsedTextLines(1),
-      m_textProperties(*textMode->m_properties),
-      m_outerJsonVal(wxJSONTYPE_OBJECT) {
+    : BoxedObject(shapeMode, textMode, rect, frame), m_textLines(1), m_parsedTextLines(1) {
   initializeRectangleProperties();
   anchorText();
   setJSONValTextLines();
-  m_outerJsonVal.Set(idKey, static_cast<int>(m_textMode->GetModeId()));
-  setJSONValTextProperties();
-  setJSONValRectangle();
+  initMirrorOfNewObject();
 }
 
 AnnText::AnnText(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
                  std::shared_ptr<AnnTextToolMode> const &textMode, wxJSONValue const &json)
-    : AnnShape(shapeMode, json.ItemAt(rectangleKey)),
-      m_textMode(textMode),
-      m_textLines(1),
-      m_parsedTextLines(1),
-      m_textProperties(json.Get(propertiesKey, textMode->m_properties->ToJSON())),
-      m_outerJsonVal(json) {
+    : BoxedObject(shapeMode, textMode, json), m_textLines(1), m_parsedTextLines(1) {
   AnnText::initFromJSONVal();
-  setJSONValTextProperties();
+  setJSONValLook();
   setJSONValRectangle();
 }
 
@@ -49,8 +62,7 @@ AnnText::AnnText(AnnText const &other) = default;
 AnnText::~AnnText() = default;
 
 bool AnnText::IsJSONValid(wxJSONValue const &json) {
-  return json.IsValid() && json.HasMember(rectangleKey) &&
-         AnnShape::IsJSONValid(json.ItemAt(rectangleKey)) && json.ItemAt(textLinesKey).IsValid();
+  return BoxedObject::IsJSONValid(json) && json.ItemAt(textLinesKey).IsValid();
 }
 
 void AnnText::initFromJSONVal() {
@@ -62,45 +74,31 @@ void AnnText::initFromJSONVal() {
 }
 
 void AnnText::initializeRectangleProperties() {
-  m_properties.SetThickness(0);
-  m_properties.SetBorderColor(wxColour(0, 0, 0, 0));
-  m_properties.SetFillColor(m_textProperties.GetBackgroundColor());
-  m_properties.SetShape(AnnShapeProperties::Rectangle);
-  setJSONValProperties();
+  setRectangleLook(AnnShapeProperties::Rectangle, wxColour(0, 0, 0, 0), m_look.GetBackgroundColor(),
+                   0);
 }
 
 void AnnText::setJSONValTextLines() {
   m_outerJsonVal.Set(textLinesKey, JsonToText(ToJson(m_textLines)));
 }
 
-void AnnText::setJSONValTextProperties() {
-  m_outerJsonVal.Set(propertiesKey, m_textProperties.ToJSON());
-}
-
-void AnnText::setJSONValRectangle() {
-  m_outerJsonVal.Set(rectangleKey, m_jsonVal);
-}
-
-wxJSONValue const &AnnText::ToJSON() const {
-  return m_outerJsonVal;
-}
-
-void AnnText::OnObjectModified() {
-  AnnShape::OnObjectModified();
-  setJSONValRectangle();
-}
-
 wxString AnnText::ParseString(wxString const &text, Macros const &macros) {
   wxString parsed = text;
+  std::size_t const maxLength = std::max(m_maxLength, text.length());
   for (auto const &[key, value] : macros) {
-    if (!key.empty()) parsed.Replace(key, value, true);
+    if (!key.empty()) parsed = ReplaceAll(parsed, key, value, maxLength);
   }
   return parsed;
 }
 
 void AnnText::ParseTextLines(Macros const &macros) {
-  m_parsedTextLines = framenote::FirstLines(m_textLines, m_maxLines, m_maxLength);
-  for (wxString &line : m_parsedTextLines) line = ParseString(line, macros);
+  m_parsedTextLines.clear();
+  std::size_t length = 0;
+  for (wxString const &line : framenote::FirstLines(m_textLines, m_maxLines, m_maxLength)) {
+    if (length > m_maxLength) break;
+    m_parsedTextLines.push_back(ParseString(line, macros));
+    length += m_parsedTextLines.back().length();
+  }
   // Values can be of any length.
   m_parsedTextLines = framenote::FirstLines(std::move(m_parsedTextLines), m_maxLines, m_maxLength);
   m_parsedText = JoinLines(m_parsedTextLines);
@@ -114,11 +112,12 @@ void AnnText::SetTextAndParse(wxString const &text, Macros const &macros) {
 }
 
 void AnnText::SetTextAndParse(wxTextCtrl const &control, Macros const &macros) {
-  m_text = control.GetValue();
   m_textLines.clear();
   for (int i = 0; i < control.GetNumberOfLines(); ++i) {
     m_textLines.push_back(control.GetLineText(i));
   }
+  // Pasted lines may end in other ways than by a line feed, which only the lines tell.
+  m_text = JoinLines(m_textLines);
   ParseTextLines(macros);
   setJSONValTextLines();
 }
@@ -136,15 +135,15 @@ bool AnnText::IsShownWhole() const {
 }
 
 void AnnText::SetBackgroundColor(wxColour const &colour) {
-  m_textProperties.SetBackgroundColor(colour);
-  setJSONValTextProperties();
+  m_look.SetBackgroundColor(colour);
+  setJSONValLook();
   m_properties.SetFillColor(colour);
   setJSONValProperties();
   setJSONValRectangle();
 }
 
 wxFont AnnText::font() const {
-  return framenote::UsableFont(m_textProperties.GetFont());
+  return framenote::UsableFont(m_look.GetFont());
 }
 
 bool AnnText::WouldDisappear() const {
@@ -152,28 +151,14 @@ bool AnnText::WouldDisappear() const {
 }
 
 wxColour AnnText::GetDominantColor() {
-  wxColour const background = m_textProperties.GetBackgroundColor();
-  return framenote::IsVisible(background) ? background : m_textProperties.GetFontColor();
-}
-
-void AnnText::OnSelection(bool isNew) {
-  m_selected = true;
-  *m_textMode->m_properties = m_textProperties;
-  m_textMode->NotifyObjectSelected(isNew);
+  wxColour const background = m_look.GetBackgroundColor();
+  return framenote::IsVisible(background) ? background : m_look.GetFontColor();
 }
 
 void AnnText::UpdateProperties() {
-  m_textProperties = *m_textMode->m_properties;
-  SetBackgroundColor(m_textProperties.GetBackgroundColor());
-  if (m_textMode->IsEditing()) m_textMode->layoutTextCtrl(*this);
-}
-
-void AnnText::SetCopiedObject() const {
-  m_textMode->StoreCopiedObject(std::make_unique<AnnText>(*this));
-}
-
-void AnnText::Paste() const {
-  m_textMode->InsertPastedObject(std::make_unique<AnnText>(*this));
+  m_look = *m_kindMode->m_properties;
+  SetBackgroundColor(m_look.GetBackgroundColor());
+  if (m_kindMode->IsEditing()) m_kindMode->layoutTextCtrl(*this);
 }
 
 void AnnText::MoveFor(wxPoint2DInt const &delta) {
@@ -200,5 +185,5 @@ void AnnText::onCornersDragged(bool isResize) {
 void AnnText::DrawSelected(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
                            double scale) const {
   AnnShape::DrawSelected(painter, offset, scale);
-  m_textMode->OnScaleChanged(*this, scale);
+  m_kindMode->OnScaleChanged(*this, scale);
 }

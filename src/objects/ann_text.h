@@ -7,7 +7,7 @@
 
 #include <wx/string.h>
 
-#include "objects/ann_shape.h"
+#include "objects/boxed_object.h"
 #include "properties/ann_text_properties.h"
 
 class AnnTextToolMode;
@@ -22,7 +22,8 @@ class wxTextCtrl;
 ///
 /// At most `m_maxLines` lines and `m_maxLength` characters of a text are replaced, measured and
 /// painted; a longer text is kept and saved as it is.
-class FRAMENOTE_API AnnText : public AnnShape {
+class FRAMENOTE_API AnnText
+    : public framenote::BoxedObject<AnnText, AnnTextToolMode, AnnTextProperties> {
 public:
   using Macros = std::unordered_map<wxString, wxString>;
 
@@ -49,23 +50,19 @@ public:
   bool WouldDisappear() const override;
   wxColour GetDominantColor() override;
   void UpdateProperties() override;
-  void OnSelection(bool isNew) override;
   void UpdateCoordinatesPointers(std::int64_t frame) override;
-  void SetCopiedObject() const override;
-  void Paste() const override;
-  void OnObjectModified() override;
-  wxJSONValue const &ToJSON() const override;
 
   /// The user's text, macros unreplaced.
   wxString GetText() const { return m_text; }
   std::vector<wxString> const &GetTextLines() const { return m_textLines; }
   /// The text as painted, macros replaced.
   wxString GetParsedText() const { return m_parsedText; }
-  AnnTextProperties const &TextProperties() const { return m_textProperties; }
+  AnnTextProperties const &TextProperties() const { return m_look; }
   void SetBackgroundColor(wxColour const &colour);
 
   /// `text` with each key of `macros` replaced by its value, in one pass over the map: whether a
-  /// key in a value is replaced too depends on the map's order. An empty key is passed over.
+  /// key in a value is replaced too depends on the map's order. An empty key is passed over. A
+  /// result longer than both `text` and `m_maxLength` is cut off.
   static wxString ParseString(wxString const &text, Macros const &macros);
   /// Works out the painted text anew.
   void ParseTextLines(Macros const &macros);
@@ -89,7 +86,6 @@ public:
 
   static constexpr std::size_t m_maxLines = 1024;
   static constexpr std::size_t m_maxLength = 65536;
-  static constexpr char const *rectangleKey = "Rectangle";
   static constexpr char const *textLinesKey = "TextLines";
 
 private:
@@ -100,21 +96,16 @@ private:
   void initializeRectangleProperties();
   void anchorText();
   void setJSONValTextLines();
-  void setJSONValTextProperties();
-  void setJSONValRectangle();
   wxFont font() const;
   Layout layoutOf(AnnShapePoints const &record) const;
   void calculateTextArea(wxSize const &size, wxPoint &topLeft, wxPoint &topRight,
                          wxPoint &bottomRight, wxPoint &bottomLeft) const;
   void drawLines(IAnnPainter &painter, Layout const &layout, wxPoint2DDouble const &offset) const;
 
-  std::shared_ptr<AnnTextToolMode> m_textMode;
   wxPoint2DDouble m_textPosition;  ///< the top left corner, or the top right one of a mirrored box
   double m_textAngle = 0.0;        ///< radians
   wxString m_text;
   std::vector<wxString> m_textLines;
   wxString m_parsedText;
   std::vector<wxString> m_parsedTextLines;
-  AnnTextProperties m_textProperties;
-  wxJSONValue m_outerJsonVal;  ///< the whole box; the base's value, the rectangle, lies inside it
 };

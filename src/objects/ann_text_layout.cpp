@@ -81,9 +81,9 @@ void AnnText::calculateTextArea(wxSize const &size, wxPoint &topLeft, wxPoint &t
   }
   Layout const layout = layoutOf(*record);
   double const down =
-      ShiftIn(layout.height, size.y, static_cast<int>(m_textProperties.GetVerticalAlignment()));
+      ShiftIn(layout.height, size.y, static_cast<int>(m_look.GetVerticalAlignment()));
   double const across =
-      ShiftIn(layout.width, size.x, static_cast<int>(m_textProperties.GetHorizontalAlignment()));
+      ShiftIn(layout.width, size.x, static_cast<int>(m_look.GetHorizontalAlignment()));
   topLeft = GetRounded(m_textPosition + Along(layout.down, down) + Along(layout.across, across));
   wxPoint2DDouble const corner(topLeft);
   wxPoint2DDouble const a = Along(layout.across, size.x);
@@ -94,11 +94,11 @@ void AnnText::calculateTextArea(wxSize const &size, wxPoint &topLeft, wxPoint &t
 }
 
 bool AnnText::IsOverText(wxPoint2DInt const &point, wxStockCursor &cursor) const {
-  wxString const text = m_textMode->IsEditing()
+  wxString const text = m_kindMode->IsEditing()
                             ? framenote::FirstLines(m_text, m_maxLines, m_maxLength)
                             : m_parsedText;
   wxPoint topLeft, topRight, bottomRight, bottomLeft;
-  calculateTextArea(m_textMode->MeasureText(text, font(), false), topLeft, topRight, bottomRight,
+  calculateTextArea(m_kindMode->MeasureText(text, font(), false), topLeft, topRight, bottomRight,
                     bottomLeft);
   if (!framenote::QuadrilateralContains(wxPoint(point.m_x, point.m_y), topLeft, topRight,
                                         bottomRight, bottomLeft)) {
@@ -121,12 +121,12 @@ bool AnnText::Contains(wxPoint2DInt const &point) const {
 
 wxRect AnnText::GetTextBoxPosition() const {
   wxString const text = framenote::FirstLines(m_text, m_maxLines, m_maxLength);
-  wxSize const control = m_textMode->MeasureTextCtrl(text, font());
-  wxSize const inside = m_textMode->MeasureText(text, font(), false);
+  wxSize const control = m_kindMode->MeasureTextCtrl(text, font());
+  wxSize const inside = m_kindMode->MeasureText(text, font(), false);
   wxPoint topLeft, topRight, bottomRight, bottomLeft;
   calculateTextArea(control, topLeft, topRight, bottomRight, bottomLeft);
   // A multi-line control starts at its top, whatever the vertical alignment.
-  double const share = static_cast<int>(m_textProperties.GetVerticalAlignment()) * 0.5;
+  double const share = static_cast<int>(m_look.GetVerticalAlignment()) * 0.5;
   int const drop = framenote::TruncateToInt(share * (control.y - inside.y));
   topLeft.y += drop;
   bottomRight.y += drop;
@@ -140,7 +140,7 @@ wxRect AnnText::GetTextBoxPosition() const {
 void AnnText::Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) const {
   AnnShape::Draw(painter, offset);
   // The control shows the text that is being edited.
-  if (!painter || (IsSelected() && m_textMode->IsEditing())) return;
+  if (!painter || (IsSelected() && m_kindMode->IsEditing())) return;
   auto const record = currentRecord();
   if (!record) return;
   Layout layout = layoutOf(*record);
@@ -159,16 +159,16 @@ void AnnText::drawLines(IAnnPainter &painter, Layout const &layout,
   painter.GetTextExtent(m_parsedText + " ", font, width, height, leading);
   if (m_parsedTextLines.size() == 1) height += leading;
   double const above =
-      ShiftIn(layout.height, height, static_cast<int>(m_textProperties.GetVerticalAlignment()));
+      ShiftIn(layout.height, height, static_cast<int>(m_look.GetVerticalAlignment()));
   double y = 0.0;
   for (wxString const &line : m_parsedTextLines) {
     painter.GetTextExtent(line.empty() ? wxString(" ") : line, font, width, height, leading);
     y += leading;
     double const before =
-        ShiftIn(layout.width, width, static_cast<int>(m_textProperties.GetHorizontalAlignment()));
+        ShiftIn(layout.width, width, static_cast<int>(m_look.GetHorizontalAlignment()));
     painter.DrawText(
         m_textPosition + offset + Along(layout.down, y + above) + Along(layout.across, before),
-        -m_textAngle, line, font, m_textProperties.GetFontColor());
+        -m_textAngle, line, font, m_look.GetFontColor());
     y += height;
   }
 }

@@ -51,9 +51,6 @@ void AnnotationTool::setDefaults() {
   SetEvtHandlerEnabled(true);
   m_offset = wxPoint2DDouble(0.0, 0.0);
   m_extensionColor = m_defaultExtensionColor;
-  m_objects.clear();
-  m_focused = m_objects.end();
-  m_selected = m_objects.end();
   m_copiedObject.reset();
   m_startFrames.clear();
   m_pressPosition = wxPoint2DInt(wxDefaultPosition);
@@ -64,7 +61,14 @@ void AnnotationTool::setDefaults() {
 }
 
 void AnnotationTool::destroyAllObjects() {
-  for (IAnnotationObject *object : m_objects) delete object;
+  // An open editor belongs to the selected object, and goes before it.
+  if (m_activeTool) m_activeTool->DiscardDrawing();
+  // The list must not outlive its objects, whatever a host calls next.
+  ObjectList doomed;
+  doomed.swap(m_objects);
+  m_focused = m_objects.end();
+  m_selected = m_objects.end();
+  for (IAnnotationObject *object : doomed) delete object;
 }
 
 // Whatever cuts a drag off takes this way to the default state, so that no half-drawn object is
@@ -104,10 +108,6 @@ void AnnotationTool::DeactivateToolAndControls() {
 
 void AnnotationTool::Reset(bool keepState) {
   destroyAllObjects();
-  // The list must not outlive its objects, whatever a host calls next.
-  m_objects.clear();
-  m_focused = m_objects.end();
-  m_selected = m_objects.end();
   enterDefaultState();
   if (!keepState) setDefaults();
 }
@@ -133,9 +133,6 @@ void AnnotationTool::SetObjectsVisible(bool visible) {
 void AnnotationTool::ClearAllAnnotations() {
   destroyAllObjects();
   enterDefaultState();
-  m_objects.clear();
-  m_focused = m_objects.end();
-  m_selected = m_objects.end();
   m_startFrames.clear();
   m_cursor = wxCURSOR_ARROW;
   post(AnnotationObjectDeselectedEvent(wxEVT_ANN_OBJECT_DESELECTED));
@@ -251,7 +248,9 @@ void AnnotationTool::SetActiveTool(Types mode) {
 
 void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode) {
   if (!mode) return;
-  bool const leavesEditor = mode != m_activeTool && m_activeTool && m_activeTool->IsEditing();
+  // An editor may be gone, with the window that it lay on, while the state has not changed yet.
+  bool const leavesEditor = mode != m_activeTool && m_activeTool &&
+                            (m_activeTool->IsEditing() || m_state == ToolState::Editing);
   if (leavesEditor) m_activeTool->FinishEditing();
   m_activeTool = mode;
   if (!leavesEditor) return;

@@ -11,6 +11,7 @@
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
 #include "objects/ann_text.h"
+#include "objects/text_lines.h"
 #include "painters/ann_painter.h"
 
 namespace {
@@ -51,8 +52,10 @@ void AnnotationTool::AddTextMacro(wxString const &text) {
 }
 
 void AnnotationTool::addTextBox(wxString const &text) {
-  wxSize const size = m_toolModes.text->MeasureText(
-      AnnText::ParseString(text, m_textMacros), m_toolModes.text->m_properties->GetFont(), false);
+  wxString const shown = framenote::FirstLines(AnnText::ParseString(text, m_textMacros),
+                                               AnnText::m_maxLines, AnnText::m_maxLength);
+  wxSize const size =
+      m_toolModes.text->MeasureText(shown, m_toolModes.text->m_properties->GetFont(), false);
   wxSize const picture = m_image.IsOk() ? m_image.GetSize() : wxSize();
   wxPoint const topLeft(framenote::TruncateToInt((picture.x - size.x) * 0.5), picture.y - size.y);
   auto box = std::make_unique<AnnText>(m_toolModes.shape, m_toolModes.text, wxRect(topLeft, size),

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The text mode's states, step by step.
+#include <cmath>
+
+#include <wx/dcclient.h>
+
 #include <gtest/gtest.h>
 
 #include "modes/ann_shape_tool_mode.h"
@@ -167,6 +171,102 @@ TEST_F(TextMode, NothingIsLeftOfTheEditorOfObjectsThatAreGone) {
   EXPECT_EQ(Editor(), nullptr);
   EXPECT_TRUE(m_canvas->GetChildren().empty());
   EXPECT_EQ(m_driver.State(), ToolState::Default);
+}
+
+TEST_F(TextMode, EditorGoesBeforeItsObjects) {
+  // A host may look at the tool while the editor is being destroyed.
+  std::string seen;
+  auto const look = [&](wxWindowDestroyEvent &event) {
+    if (m_driver.ObjectCount() > 0) seen = m_driver.ObjectAs<AnnText>()->GetText().utf8_string();
+    event.Skip();
+  };
+  Editor()->Bind(wxEVT_DESTROY, look);
+  m_driver.Tool().ClearAllAnnotations();
+  EXPECT_EQ(seen, "abc");
+  EXPECT_EQ(m_driver.ObjectCount(), 0U);
+}
+
+TEST_F(TextMode, RestoringClosesTheEditor) {
+  wxJSONValue document(wxJSONTYPE_OBJECT);
+  document.Set("Annotate", m_driver.Tool().GetJSON());
+  m_driver.Tool().FromJSON(document, 10);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_TRUE(m_canvas->GetChildren().empty());
+  EXPECT_EQ(m_driver.State(), ToolState::Default);
+  EXPECT_TRUE(m_driver.Tool().IsIdle());
+}
+
+TEST_F(TextMode, EditorDoesNotOutliveItsTool) {
+  auto tool = std::make_shared<AnnotationTool>(m_driver.Tool().GetConfig());
+  {
+    wxClientDC dc(m_canvas);
+    tool->Draw(dc, m_canvas, {0.0, 0.0}, 1.0);
+  }
+  m_driver.Tool().Deactivate();
+  tool->SetActiveTool(Types::Text);
+  auto const send = [&](wxEventType type, int x, int y) {
+    tool->ProcessMouseEvent({x, y}, wxMouseEvent(type), 1.0, {0.0, 0.0});
+  };
+  send(wxEVT_LEFT_DOWN, 10, 10);
+  send(wxEVT_MOTION, 90, 50);
+  send(wxEVT_LEFT_UP, 90, 50);
+  std::shared_ptr<AnnTextToolMode> const mode = tool->GetToolModes().text;
+  ASSERT_TRUE(mode->IsEditing());
+  tool.reset();
+  EXPECT_FALSE(mode->IsEditing());
+  EXPECT_TRUE(m_canvas->GetChildren().empty());
+}
+
+TEST_F(TextMode, AnotherToolIsChosenAfterTheWindowIsGone) {
+  m_canvas->Destroy();
+  m_canvas = new wxWindow(m_frame, wxID_ANY);  // owned by the frame
+  m_driver.UseTool(Types::Shape);
+  EXPECT_EQ(m_driver.State(), ToolState::Selected);
+  m_driver.Press(70, 30);
+  EXPECT_EQ(m_driver.State(), ToolState::Moving);
+}
+
+TEST_F(TextMode, OnlyTheSelectedTextIsEdited) {
+  m_driver.Tool().Deactivate();
+  Mode().startEditing(Box());
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(m_driver.State(), ToolState::Default);
+  EXPECT_EQ(Started(), 1U);
+  Mode().stopEditing(Box());
+  EXPECT_EQ(m_driver.State(), ToolState::Default);
+}
+
+TEST_F(TextMode, EditorMayBeClosedWhileItTakesTheFocus) {
+  m_driver.Tool().Deactivate();
+  wxTextCtrl *const elsewhere = new wxTextCtrl(m_frame, wxID_ANY);  // owned by the frame
+  elsewhere->SetFocus();
+  Settle([&] { return elsewhere->HasFocus(); });
+  elsewhere->Bind(wxEVT_KILL_FOCUS, [&](wxFocusEvent &event) {
+    m_driver.Tool().SetActiveTool(Types::Shape);
+    event.Skip();
+  });
+  m_driver.UseTool(Types::Text);
+  m_driver.Press(140, 60);
+  m_driver.Release(140, 60);
+  m_driver.DoubleClick(140, 60);
+  wxYield();
+  EXPECT_EQ(m_driver.State() == ToolState::Editing, Editor() != nullptr);
+}
+
+TEST_F(TextMode, ScaleBeyondAllMeasureLeavesAnEditor) {
+  for (double const scale : {1e300, 1e9, -1.0, std::nan("")}) {
+    m_driver.Tool().ProcessMouseEvent({140, 60}, wxMouseEvent(wxEVT_MOTION), scale, {0.0, 0.0});
+    Mode().layoutTextCtrl(Box());
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_GE(Editor()->GetFont().GetFractionalPointSize(), 1.0);
+  }
+}
+
+TEST_F(TextMode, PastedLinesMayEndInOtherWays) {
+  Editor()->SetValue("one\r\ntwo\rthree\nfour");
+  EXPECT_EQ(Box().GetText().Find('\r'), wxNOT_FOUND);
+  EXPECT_EQ(Box().GetTextLines().size(), 4U);
+  EXPECT_EQ(Text(), "one\ntwo\nthree\nfour");
 }
 
 TEST_F(TextMode, EditorMayGoWithItsWindow) {

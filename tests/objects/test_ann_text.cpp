@@ -153,6 +153,18 @@ TEST_F(AnnTextTest, EmptyKeyIsIgnoredAndAValueWithItsOwnKeyExpandsOnce) {
   EXPECT_EQ(AnnText::ParseString("aFb", {{"F", "FF"}}), "aFFb");
 }
 
+TEST_F(AnnTextTest, ValuesDoNotMakeATextGrowWithoutEnd) {
+  wxString const keys('a', 60'000);
+  wxString const value('b', 1'000'000);
+  auto const start = std::chrono::steady_clock::now();
+  EXPECT_EQ(AnnText::ParseString(keys, {{"a", value}}).length(), AnnText::m_maxLength);
+  wxString const tail = AnnText::ParseString(keys + "c", {{"a", "dd"}});
+  EXPECT_EQ(tail.length(), AnnText::m_maxLength);
+  // What is already longer is kept.
+  EXPECT_EQ(AnnText::ParseString(wxString('a', 100'000), {{"x", "y"}}).length(), 100'000U);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
 TEST_F(AnnTextTest, KeyInAValueIsReplacedAccordingToTheMapsOrder) {
   AnnText::Macros const macros{{"A", "B"}, {"B", "C"}};
   wxString const expected = macros.begin()->first == "A" ? "C" : "B";
@@ -290,6 +302,129 @@ TEST_F(AnnTextTest, FontThatCannotBeReadDoesNotHideTheText) {
   AnnText box = Restored(json);
   box.ParseTextLines({});
   EXPECT_FALSE(pixels::BoundsOfPaint(Paint(box)).IsEmpty());
+}
+
+TEST_F(AnnTextTest, DocumentHasItsMembersInOrder) {
+  AnnText const box = Box("a", wxRect(wxPoint(1, 2), wxPoint(30, 40)));
+  wxJSONValue look = box.ToJSON().ItemAt("Properties");
+  EXPECT_EQ(JsonToUtf8(box.ToJSON()),
+            R"({"TextLines":"[\"a\"]","Id":5,"Properties":)" + JsonToUtf8(look) +
+                R"(,"Rectangle":{"StartFrame":0,"EndFrame":0,"Coordinates":[{"TopLeft":[1.0,2.0],)"
+                R"("TopRight":[30.0,2.0],"BottomRight":[30.0,40.0],"BottomLeft":[1.0,40.0],)"
+                R"("Range":[0,0]}],"Id":2,"Properties":{"Shape":0,"BorderColor":"#000000FF",)"
+                R"("BorderColorTransparent":true,"FillColor":"#FFFFFFFF",)"
+                R"("FillColorTransparent":true,"Thickness":0}}})");
+}
+
+TEST_F(AnnTextTest, RestoredBoxKeepsMembersThatItDoesNotKnow) {
+  wxJSONValue json = Box("a").ToJSON();
+  json.Set("Note", wxString("kept"));
+  AnnText box = Restored(json);
+  box.OnObjectModified();
+  EXPECT_EQ(box.ToJSON().ItemAt("Note").AsString(), "kept");
+}
+
+TEST_F(AnnTextTest, RestoredBoxHasNoPaintedTextEvenWithoutMacros) {
+  AnnText box = WithLines(R"(["first","second"])");
+  EXPECT_EQ(box.GetText(), "first\nsecond");
+  EXPECT_EQ(box.GetParsedText(), "");
+  box.ParseTextLines({});
+  EXPECT_EQ(box.GetParsedText(), "first\nsecond");
+}
+
+TEST_F(AnnTextTest, MacrosAreReplacedWithinEachLineOnly) {
+  AnnText box = WithLines(R"(["aF","Gb"])");
+  box.ParseTextLines({{"F", "1"}, {"G", "2"}, {"F\nG", "joined"}});
+  EXPECT_EQ(box.GetParsedText(), "a1\n2b");
+  box.ParseTextLines({});
+  EXPECT_EQ(box.GetParsedText(), "aF\nGb");
+}
+
+TEST_F(AnnTextTest, ElementsThatAreNoTextsDoNotStopTheOthers) {
+  AnnText box = WithLines(R"([1,2.5,"a",null,["b"],{"c":1},true])");
+  EXPECT_EQ(box.GetTextLines().size(), 7U);
+  EXPECT_EQ(box.GetTextLines().at(2), "a");
+  box.ParseTextLines({});
+  EXPECT_TRUE(Paint(box).IsOk());
+  AnnText numbers = WithLines("[1,2,3]");
+  numbers.ParseTextLines({});
+  EXPECT_EQ(numbers.GetTextLines().size(), 3U);
+}
+
+TEST_F(AnnTextTest, StartOfTheRangeReachesTheDocumentWhenTheObjectIsModified) {
+  AnnText box(Modes().shape, Modes().text, wxRect(20, 20, 50, 50), 0);
+  box.SetEndFrame(5);
+  box.SetStartFrame(2);
+  box.OnObjectModified();
+  wxJSONValue const rectangle = box.ToJSON().ItemAt("Rectangle");
+  EXPECT_EQ(rectangle.ItemAt("StartFrame").AsInt(), 2);
+  EXPECT_EQ(rectangle.ItemAt("EndFrame").AsInt(), 5);
+  EXPECT_FALSE(box.ToJSON().HasMember("StartFrame"));
+}
+
+TEST_F(AnnTextTest, CopyHasATextOfItsOwn) {
+  AnnText const box = Box("a%F%");
+  box.Paste();
+  box.Paste();
+  ASSERT_EQ(m_driver.ObjectCount(), 2U);
+  auto *const front = m_driver.ObjectAs<AnnText>(0);
+  auto const *const behind = m_driver.ObjectAs<AnnText>(1);
+  ASSERT_NE(front, nullptr);
+  ASSERT_NE(behind, nullptr);
+  front->SetTextAndParse("b", {});
+  front->MoveFor({5, 5});
+  front->SetBackgroundColor(*wxGREEN);
+  front->OnObjectModified();
+  EXPECT_EQ(behind->GetText(), "a%F%");
+  EXPECT_EQ(behind->GetParsedText(), "a%F%");
+  EXPECT_TRUE(At(RecordOf(*behind).m_topLeft, 20, 20));
+  EXPECT_TRUE(At(RecordOf(*front).m_topLeft, 25, 25));
+  EXPECT_EQ(JsonToUtf8(behind->ToJSON()), JsonToUtf8(box.ToJSON()));
+}
+
+TEST_F(AnnTextTest, NegativeOffsetIsTakenByGraphicsContextsAlone) {
+  AnnText const box = Box("Plate");
+  auto const bounds = [&](IAnnPainter::AnnPainterType type, double offset) {
+    return pixels::BoundsOfPaint(PaintedBy(type, wxSize(160, 100), 1.0, [&](auto &painter) {
+      box.Draw(painter, wxPoint2DDouble(offset, offset));
+    }));
+  };
+  wxRect moved = bounds(IAnnPainter::GraphicsContext, 0.0);
+  moved.Offset(-15, -15);
+  EXPECT_EQ(bounds(IAnnPainter::GraphicsContext, -15.0), moved);
+  wxRect const still = bounds(IAnnPainter::DeviceContext, 0.0);
+  EXPECT_FALSE(still.IsEmpty());
+  EXPECT_EQ(bounds(IAnnPainter::DeviceContext, -15.0), still);
+}
+
+class AnnTextInAVideo : public VideoObjectTest {};
+
+TEST_F(AnnTextInAVideo, TextIsWhereItsBoxIsInEachFrame) {
+  AnnText box(Modes().shape, Modes().text, wxRect(wxPoint(20, 20), wxPoint(120, 80)), 0);
+  box.SetEndFrame(5);
+  box.SetTextAndParse("Plate", {});
+  auto const ink = [&] {
+    return pixels::BoundsOfPaint(
+        PaintedBy(IAnnPainter::GraphicsContext, wxSize(200, 150), 1.0,
+                  [&](auto &painter) { box.Draw(painter, wxPoint2DDouble(0.0, 0.0)); }));
+  };
+  wxRect const before = ink();
+  ASSERT_FALSE(before.IsEmpty());
+  GoTo(box, 3);
+  EXPECT_EQ(ink(), before);
+  box.MoveFor({40, 50});
+  wxRect moved = before;
+  moved.Offset(40, 50);
+  EXPECT_EQ(ink(), moved);
+  GoTo(box, 1);
+  EXPECT_EQ(ink(), before);
+  GoTo(box, 3);
+  EXPECT_EQ(ink(), moved);
+  GoTo(box, 1);
+  box.MoveAllFramesFor({-10, 5});
+  GoTo(box, 3);
+  moved.Offset(-10, 5);
+  EXPECT_EQ(ink(), moved);
 }
 
 TEST(TextLines, AreJoinedByLineFeeds) {

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Where the text stands in its box: by the pixels that are inked.
 #include <cmath>
+#include <mutex>
 #include <string>
 #include <tuple>
 #include <vector>
 
+#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
+#include <wx/frame.h>
 #include <wx/graphics.h>
 
 #include <gtest/gtest.h>
@@ -242,6 +245,189 @@ TEST_P(AnnTextLayout, CollapsedBoxTakesTheDirectionFromItsOtherSide) {
                          wxRound(210 - line.size.y * 0.5) + pixel.y, 1, 1));
   }
   EXPECT_TRUE(Within2(BoundsOfPaint(Paint(narrow)), upright));
+}
+
+TEST_P(AnnTextLayout, LineFeedsWithinAnElementMakeABlockThatIsAlignedAsOne) {
+  AnnTextProperties &look = *Modes().text->m_properties;
+  Line const first = DrawnLine("Plate");
+  Line const second = DrawnLine("reading 17");
+  for (int const across : {0, 1, 2}) {
+    look.SetHorizontalAlignment(static_cast<AnnTextProperties::HorizontalAlignment>(across));
+    AnnText box = Box("Plate\nreading 17");
+    ASSERT_EQ(box.GetTextLines().size(), 1U);
+    Turn(box, Angle());
+    // Within the block, which is as wide as its widest line, both lines begin at its left.
+    double const left = kLeft + (kRight - kLeft - second.size.x) * across * 0.5;
+    double const top = 210 - (first.size.y + second.size.y) * 0.5;
+    wxRect const expected = TurnedInk({first, second}, {{left, top}, {left, top + first.size.y}});
+    EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected)) << "alignment " << across;
+  }
+}
+
+TEST_P(AnnTextLayout, MirroredBoxIsFilledFromTheSideThatIsLeftOnTheScreen) {
+  AnnTextProperties &look = *Modes().text->m_properties;
+  Line const line = DrawnLine("Plate");
+  for (int const across : {0, 1, 2}) {
+    look.SetHorizontalAlignment(static_cast<AnnTextProperties::HorizontalAlignment>(across));
+    AnnText box(Modes().shape, Modes().text, wxRect(wxPoint(210, 120), wxPoint(330, 300)), 0);
+    box.SetTextAndParse("Plate", {});
+    box.PrepareResizing();
+    wxStockCursor cursor = wxCURSOR_NONE;
+    ASSERT_TRUE(box.IsAtResizePoint({330, 210}, cursor));
+    box.ResizeTo({90, 210}, false);
+    ASSERT_TRUE(At(RecordOf(box).m_topRight, 90, 120));
+    // The box now spans 90 to 210.
+    double const left = 90 + (120 - line.size.x) * across * 0.5;
+    wxRect expected;
+    for (wxPoint const &pixel : line.ink) {
+      expected.Union(
+          wxRect(wxRound(left) + pixel.x, wxRound(210 - line.size.y * 0.5) + pixel.y, 1, 1));
+    }
+    EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected)) << "alignment " << across;
+    // The corners get their names back when the button is released: nothing moves.
+    {
+      std::lock_guard<std::mutex> const lock(box.GetCoordinatesMutex());
+      box.CheckIfReflectedAlongAxis(lock, true);
+    }
+    ASSERT_TRUE(At(RecordOf(box).m_topLeft, 90, 120));
+    EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected)) << "released, " << across;
+    box.MoveFor({10, 20});
+    expected.Offset(10, 20);
+    EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected)) << "moved, " << across;
+  }
+}
+
+TEST_P(AnnTextLayout, CornerDraggedPastTheOppositeOneTurnsTheTextByHalfATurn) {
+  AnnTextProperties &look = *Modes().text->m_properties;
+  look.SetHorizontalAlignment(AnnTextProperties::Left);
+  look.SetVerticalAlignment(AnnTextProperties::Top);
+  AnnText box(Modes().shape, Modes().text, wxRect(wxPoint(250, 250), wxPoint(400, 350)), 0);
+  box.SetTextAndParse("Plate", {});
+  box.PrepareResizing();
+  wxStockCursor cursor = wxCURSOR_NONE;
+  ASSERT_TRUE(box.IsAtResizePoint({400, 350}, cursor));
+  box.ResizeTo({50, 100}, false);
+  EXPECT_FALSE(box.IsReflected(RecordOf(box)));
+  // The text begins at the corner that stayed and runs to the left, its lines going up.
+  wxRect expected;
+  for (wxPoint const &pixel : DrawnLine("Plate").ink) {
+    expected.Union(wxRect(250 - pixel.x, 250 - pixel.y, 1, 1));
+  }
+  EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected));
+}
+
+TEST_P(AnnTextLayout, TextWiderThanItsBoxComesOutWhereTheAlignmentLetsIt) {
+  AnnTextProperties &look = *Modes().text->m_properties;
+  Line const line = DrawnLine("reading 17");
+  ASSERT_GT(line.size.x, 60);
+  for (int const across : {0, 1, 2}) {
+    look.SetHorizontalAlignment(static_cast<AnnTextProperties::HorizontalAlignment>(across));
+    AnnText box(Modes().shape, Modes().text, wxRect(wxPoint(180, 180), wxPoint(240, 240)), 0);
+    box.SetTextAndParse("reading 17", {});
+    Turn(box, Angle());
+    double const left = 180 + (60 - line.size.x) * across * 0.5;
+    wxRect const expected = TurnedInk({line}, {{left, 210 - line.size.y * 0.5}});
+    EXPECT_TRUE(Within2(BoundsOfPaint(Paint(box)), expected)) << "alignment " << across;
+  }
+}
+
+/// The same box on a tool that has a window, in which texts are measured.
+class AnnTextOnAWindow : public ObjectTest {
+protected:
+  AnnTextOnAWindow() : m_window(new wxFrame(nullptr, wxID_ANY, "")) {  // destroyed below
+    Look().SetFont(LetterFont());
+    wxClientDC dc(m_window);
+    m_driver.Tool().Draw(dc, m_window, wxPoint2DDouble(0.0, 0.0), 1.0);
+  }
+  ~AnnTextOnAWindow() override {
+    m_driver.Tool().Reset(false);
+    m_window->Destroy();
+  }
+
+  AnnTextProperties &Look() { return *Modes().text->m_properties; }
+
+  AnnText Box(wxPoint const &topLeft, wxPoint const &bottomRight) {
+    AnnText box(Modes().shape, Modes().text, wxRect(topLeft, bottomRight), 0);
+    box.SetTextAndParse("Plate", {});
+    return box;
+  }
+
+  /// Whether the pointer is over the text, and whether the cursor says so.
+  static bool IsOver(AnnText const &box, int x, int y) {
+    wxStockCursor cursor = wxCURSOR_BULLSEYE;
+    bool const isOver = box.IsOverText(wxPoint2DInt(x, y), cursor);
+    EXPECT_EQ(cursor, isOver ? wxCURSOR_IBEAM : wxCURSOR_BULLSEYE);
+    return isOver;
+  }
+
+  wxFrame *m_window;
+};
+
+TEST_F(AnnTextOnAWindow, PointerIsOverTheTextsBlockAlone) {
+  wxSize const size = Modes().text->MeasureText("Plate", LetterFont(), false);
+  ASSERT_GT(size.x, size.y);
+  AnnText const box = Box({90, 120}, {330, 300});
+  EXPECT_TRUE(IsOver(box, 210, 210));
+  EXPECT_TRUE(IsOver(box, 210 - size.x / 2 + 2, 210 - size.y / 2 + 2));
+  EXPECT_FALSE(IsOver(box, 210 - size.x / 2 - 2, 210));
+  EXPECT_FALSE(IsOver(box, 210 + size.x / 2 + 3, 210));
+  EXPECT_FALSE(IsOver(box, 210, 210 - size.y / 2 - 2));
+  EXPECT_FALSE(IsOver(box, 210, 210 + size.y / 2 + 3));
+  EXPECT_FALSE(IsOver(box, 100, 130));
+}
+
+TEST_F(AnnTextOnAWindow, BlockTurnsWithTheBox) {
+  wxSize const size = Modes().text->MeasureText("Plate", LetterFont(), false);
+  AnnText box = Box({90, 120}, {330, 300});
+  box.RememberCurrentPosition();
+  box.Rotate({1000, 210});
+  EXPECT_TRUE(IsOver(box, 210, 210 + size.x / 2 - 3));
+  EXPECT_FALSE(IsOver(box, 210 + size.x / 2 - 3, 210));
+}
+
+TEST_F(AnnTextOnAWindow, CollapsedBoxIsHitOverItsTextAndAPointAtItsPixel) {
+  AnnText const flat = Box({90, 210}, {330, 210});
+  ASSERT_TRUE(flat.IsXLine(RecordOf(flat)));
+  EXPECT_TRUE(flat.Contains({210, 202}));
+  EXPECT_TRUE(flat.Contains({210, 218}));
+  EXPECT_FALSE(flat.Contains({95, 210}));
+  AnnText const narrow = Box({210, 120}, {210, 300});
+  ASSERT_TRUE(narrow.IsYLine(RecordOf(narrow)));
+  EXPECT_TRUE(narrow.Contains({190, 210}));
+  EXPECT_TRUE(narrow.Contains({230, 210}));
+  EXPECT_FALSE(narrow.Contains({210, 125}));
+  AnnText const point = Box({210, 210}, {210, 210});
+  EXPECT_TRUE(point.Contains({210, 210}));
+  EXPECT_FALSE(point.Contains({211, 210}));
+  EXPECT_FALSE(point.Contains({210, 211}));
+}
+
+TEST_F(AnnTextOnAWindow, EditorIsAlignedAsTheText) {
+  wxSize const size = Modes().text->MeasureText("Plate", LetterFont(), false);
+  wxSize const control = Modes().text->MeasureTextCtrl("Plate", LetterFont());
+  ASSERT_GT(control.x, size.x);
+  for (int const down : {0, 1, 2}) {
+    for (int const across : {0, 1, 2}) {
+      Look().SetHorizontalAlignment(static_cast<AnnTextProperties::HorizontalAlignment>(across));
+      Look().SetVerticalAlignment(static_cast<AnnTextProperties::VerticalAlignment>(down));
+      wxRect const place = Box({90, 120}, {330, 300}).GetTextBoxPosition();
+      EXPECT_EQ(place.GetSize(), control);
+      EXPECT_NEAR(place.x, 90 + (240 - control.x) * across * 0.5, 1.5);
+      EXPECT_NEAR(place.y, 120 + (180 - size.y) * down * 0.5, 1.5);
+    }
+  }
+}
+
+TEST_F(AnnTextOnAWindow, EditorOfATurnedBoxIsUprightAboutTheTextsCentre) {
+  Look().SetVerticalAlignment(AnnTextProperties::Top);
+  AnnText box = Box({90, 120}, {330, 300});
+  box.RememberCurrentPosition();
+  box.Rotate({1000, 210});
+  wxRect const place = box.GetTextBoxPosition();
+  // The top of the box is at its right now, at 210 + 90.
+  EXPECT_NEAR(place.x + place.width / 2.0, 300 - place.height / 2.0, 1.5);
+  EXPECT_NEAR(place.y + place.height / 2.0, 210, 1.5);
+  EXPECT_EQ(place.GetSize(), Modes().text->MeasureTextCtrl("Plate", LetterFont()));
 }
 
 }  // namespace
