@@ -23,6 +23,7 @@
 #include "modes/tool_modes.h"
 #include "talbase/json_value.h"
 
+class AnnHide;
 class AnnotationPanel;
 class IAnnotationObject;
 class IAnnPainter;
@@ -32,10 +33,11 @@ class wxToggleButton;
 
 /// The annotations of one picture or video: the objects, the selection, the mouse, the document.
 ///
-/// A host makes one in a std::shared_ptr, gives it the picture (SetImage), the position
-/// (UpdateMediaInfo) and the events' handler (InitGui), forwards mouse events
+/// A host makes one in a std::shared_ptr, gives it the position (UpdateMediaInfo), the picture
+/// (SetImage) and the events' handler (InitGui), forwards mouse events
 /// (ProcessMouseEvent) and paints with it (Draw). The tool owns the objects and the modes, and has
-/// no timer, queue or thread of its own: every call belongs to the host's GUI thread.
+/// no timer and no queue; threads that SetImage starts have ended when it returns. Every call
+/// belongs to the host's GUI thread.
 ///
 /// Positions are picture pixels, y downward. A point p of the picture appears on the window at
 /// (p + offset) * scale. Frames count from 0.
@@ -117,7 +119,11 @@ public:
   // --- For the host: frames and media ---
 
   /// Takes the current picture; an invalid image clears it. The pixels are shared with the
-  /// caller's image, and with a right-to-left interface they are mirrored in place.
+  /// caller's image, and with a right-to-left interface they are mirrored in place. What hide
+  /// regions and lenses show of it is worked out where the objects are: UpdateMediaInfo goes first.
+  /// With `refreshCaches` the whole picture is hidden in advance, so that dragging a region is
+  /// cheap at once; without, as for a playing video, only what is seen. Throws std::bad_alloc if
+  /// there is no memory to hide a region.
   void SetImage(wxImage const &image, bool refreshCaches);
   /// The same; an invalid bitmap changes nothing.
   void SetImage(wxBitmap const &bitmap, bool refreshCaches);
@@ -155,7 +161,9 @@ public:
   /// Takes over the picture and the annotations of `other`.
   void CloneFrom(AnnotationTool &other);
   /// `frame` with the annotations of `info.frameIndex` burnt in. `frame` is the tool's picture
-  /// afterwards. Not to be called while another call on the tool runs.
+  /// afterwards. Not to be called while another call on the tool runs. An invalid image if `frame`
+  /// is, or if it has more than 32,766 pixels on a side.
+  /// Throws std::bad_alloc if there is no memory to hide a region; nothing is given out unhidden.
   wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
                             MacroPairs const &macros);
   /// Sets the values of text macros, and replaces them in the texts of the current frame; those not
@@ -183,6 +191,8 @@ private:
   friend class BoxToolMode;
   friend class AnnArrowToolMode;
   friend class AnnGeneralToolMode;
+  friend class AnnImageToolMode;
+  friend class AnnMagnifyToolMode;
   friend class AnnPencilToolMode;
   using Iterator = ObjectList::iterator;
 
@@ -224,6 +234,12 @@ private:
   // Document, frames, events
   std::unique_ptr<IAnnotationObject> objectFromJSON(wxJSONValue const &element) const;
   void readObjects(wxJSONValue const &elements);
+  void takePicture(wxImage const &image);
+  void refreshBitmaps(bool wholePictures);
+  void refreshStaleRegions();
+  void hideWholePictures(std::vector<AnnHide *> const &regions);
+  bool isShown(IAnnotationObject const &object) const;
+  void goToFrameOfObjects(std::int64_t frame);
   void calculateAnnotationArea();
   void onVideoLengthIncreased(std::int64_t count);
   void updateSelectedForFrame(AnnotationMediaInfo const &info);

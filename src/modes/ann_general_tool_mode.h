@@ -9,6 +9,7 @@ class FRAMENOTE_API AnnGeneralToolMode : public IAnnotationToolMode {
 public:
   AnnGeneralToolMode(Types modeId, AnnotationTool *tool);
 
+  bool CanStartDrawing() const override { return false; }
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;
   void ApplyProperties() override;
   void OnMouseDrawing(wxMouseEvent const &event) override;

@@ -9,15 +9,6 @@
 
 using framenote::IsVisible;
 
-namespace {
-
-/// Whether a border of `thickness` leaves an inside.
-bool HasRoom(wxRect const &rect, int thickness) {
-  return rect.width / 2.0 > thickness && rect.height / 2.0 > thickness;
-}
-
-}  // namespace
-
 AnnShapeToolMode::AnnShapeToolMode(Types modeId, AnnotationTool *tool)
     : BoxToolMode(modeId, tool), m_properties(std::make_shared<AnnShapeProperties>()) {}
 
@@ -40,25 +31,16 @@ void AnnShapeToolMode::DrawPreview(std::unique_ptr<IAnnPainter> &painter,
   }
 }
 
-wxRect AnnShapeToolMode::onSurface(std::unique_ptr<IAnnPainter> const &painter,
-                                   wxPoint2DDouble const &offset) const {
-  wxPoint2DDouble const shift = framenote::PaintingOffset(painter, offset);
-  return wxRect(IAnnotationObject::GetRounded(wxPoint2DDouble(rect().GetTopLeft()) + shift),
-                IAnnotationObject::GetRounded(wxPoint2DDouble(rect().GetBottomRight()) + shift));
-}
-
 void AnnShapeToolMode::previewRectangle(IAnnPainter &painter, wxRect const &rect) const {
   bool const fill = IsVisible(m_properties->GetFillColor());
   wxColour const border = m_properties->GetBorderColor();
   int const thickness = m_properties->GetThickness();
   if (!IsVisible(border)) {
     if (fill) painter.DrawRectangle(rect, m_properties->GetFillColor());
-  } else if (!HasRoom(rect, thickness)) {
-    painter.DrawRectangle(rect, border);
-  } else if (fill) {
+  } else if (fill && hasRoom(rect, thickness)) {
     painter.DrawRectangleWithBorder(rect, *m_properties);
   } else {
-    painter.DrawBorderOfRectangle(rect, border, thickness);
+    previewBorder(painter, rect, AnnShapeProperties::Rectangle, border, thickness);
   }
 }
 
@@ -68,11 +50,9 @@ void AnnShapeToolMode::previewEllipse(IAnnPainter &painter, wxRect const &rect) 
   int const thickness = m_properties->GetThickness();
   if (!IsVisible(border)) {
     if (fill) painter.DrawEllipse(rect, m_properties->GetFillColor());
-  } else if (!HasRoom(rect, thickness)) {
-    painter.DrawEllipse(rect, border);
-  } else if (fill) {
+  } else if (fill && hasRoom(rect, thickness)) {
     painter.DrawEllipseWithBorder(rect, *m_properties);
   } else {
-    painter.DrawBorderOfEllipse(rect, border, thickness);
+    previewBorder(painter, rect, AnnShapeProperties::Ellipse, border, thickness);
   }
 }

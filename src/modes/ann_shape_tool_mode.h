@@ -19,8 +19,6 @@ public:
 
 private:
   void finishBox(wxRect const &rect) override;
-  wxRect onSurface(std::unique_ptr<IAnnPainter> const &painter,
-                   wxPoint2DDouble const &offset) const;
   void previewRectangle(IAnnPainter &painter, wxRect const &rect) const;
   void previewEllipse(IAnnPainter &painter, wxRect const &rect) const;
 };

@@ -20,6 +20,12 @@ bool IAnnotationToolMode::IsEditing() const {
   return false;
 }
 
+bool IAnnotationToolMode::CanStartDrawing() const {
+  return true;
+}
+
+void IAnnotationToolMode::startDrawing() {}
+
 void IAnnotationToolMode::DiscardDrawing() {}
 
 void IAnnotationToolMode::OnMouseDefault(wxMouseEvent const &event) {

@@ -36,6 +36,10 @@ public:
   virtual void FinishEditing();
   /// Whether an editor is open.
   virtual bool IsEditing() const;
+  /// Whether a press may start a drag.
+  virtual bool CanStartDrawing() const;
+  /// A drag is about to start: brings what the preview needs up to date.
+  virtual void startDrawing();
   /// Drops what a drag has produced so far, and closes an open editor. Called when a drag starts
   /// and whenever a gesture is cut off.
   virtual void DiscardDrawing();

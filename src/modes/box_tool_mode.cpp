@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "modes/box_tool_mode.h"
 
+#include <algorithm>
 #include <mutex>
 
 #include "coordinates/pixel_geometry.h"
 #include "framenote/annotation_tool.h"
 #include "objects/ann_shape.h"
+#include "objects/object_painting.h"
+#include "objects/picture_pixels.h"
+#include "objects/shape_mask.h"
+#include "painters/ann_painter.h"
 
 namespace {
 
@@ -28,8 +33,62 @@ void BoxToolMode::DiscardDrawing() {
 }
 
 wxRect BoxToolMode::rectOfDrag(wxMouseEvent const &event) const {
-  return AnnShape::GetRectOrSquare(ToPoint(m_tool->m_pressPosition),
-                                   ToPoint(m_tool->m_mousePosition), isSquareKey(event));
+  return AnnShape::GetRectOrSquare(pressPixel(), mousePixel(), isSquareKey(event));
+}
+
+wxPoint BoxToolMode::pressPixel() const {
+  return ToPoint(m_tool->m_pressPosition);
+}
+
+wxPoint BoxToolMode::mousePixel() const {
+  return ToPoint(m_tool->m_mousePosition);
+}
+
+wxRect BoxToolMode::onSurface(std::unique_ptr<IAnnPainter> const &painter,
+                              wxPoint2DDouble const &offset) const {
+  wxPoint2DDouble const shift = framenote::PaintingOffset(painter, offset);
+  return wxRect(IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetTopLeft()) + shift),
+                IAnnotationObject::GetRounded(wxPoint2DDouble(m_rect.GetBottomRight()) + shift));
+}
+
+bool BoxToolMode::hasRoom(wxRect const &rect, int thickness) {
+  return rect.width / 2.0 > thickness && rect.height / 2.0 > thickness;
+}
+
+void BoxToolMode::previewBorder(IAnnPainter &painter, wxRect const &rect,
+                                AnnShapeProperties::Shape shape, wxColour const &colour,
+                                int thickness) {
+  bool const isHollow = hasRoom(rect, thickness);
+  switch (shape) {
+    case AnnShapeProperties::Rectangle:
+      if (isHollow) {
+        painter.DrawBorderOfRectangle(rect, colour, thickness);
+      } else {
+        painter.DrawRectangle(rect, colour);
+      }
+      break;
+    case AnnShapeProperties::Ellipse:
+      if (isHollow) {
+        painter.DrawBorderOfEllipse(rect, colour, thickness);
+      } else {
+        painter.DrawEllipse(rect, colour);
+      }
+      break;
+  }
+}
+
+void BoxToolMode::previewCut(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
+                             wxBitmap bitmap, wxRect const &area,
+                             AnnShapeProperties::Shape shape) const {
+  if (!bitmap.IsOk()) return;
+  if (shape == AnnShapeProperties::Ellipse) {
+    wxPoint const shift = framenote::CentreOf(m_rect) - framenote::CentreOf(area);
+    wxBitmap const mask = framenote::RotatedMaskBitmap(
+        wxPoint2DDouble(shift), area.width, area.height, m_rect.width, m_rect.height, 0.0, shape);
+    bitmap.SetMask(new wxMask(mask, *wxBLACK));  // owned by the bitmap
+  }
+  wxPoint const corner(std::max(area.x, 0), std::max(area.y, 0));
+  painter->DrawBitmap(wxPoint2DDouble(corner) + framenote::PaintingOffset(painter, offset), bitmap);
 }
 
 bool BoxToolMode::hasPreview(std::unique_ptr<IAnnPainter> const &painter) const {
@@ -64,7 +123,7 @@ void BoxToolMode::OnMouseResizing(wxMouseEvent const &event) {
 
 void BoxToolMode::OnMouseAtRotationPoint(wxMouseEvent const &event) {
   if (event.GetEventType() == wxEVT_LEFT_DOWN) {
-    if (auto *const shape = selectedAs<AnnShape>()) shape->RememberCurrentPosition();
+    if (auto *const selected = selectedObject()) selected->PrepareResizing();
     m_tool->m_state = ToolState::Rotating;
   } else if (event.GetEventType() == wxEVT_MOTION &&
              !selectedObject()->IsAtRotationPoint(m_tool->m_mousePosition)) {
@@ -78,6 +137,6 @@ void BoxToolMode::OnMouseRotating(wxMouseEvent const &event) {
     m_tool->setNextStateOnSelected();
     m_tool->onObjectsModified();
   } else if (event.GetEventType() == wxEVT_MOTION) {
-    if (auto *const shape = selectedAs<AnnShape>()) shape->Rotate(ToPoint(m_tool->m_mousePosition));
+    if (auto *const shape = selectedAs<AnnShape>()) shape->Rotate(mousePixel());
   }
 }

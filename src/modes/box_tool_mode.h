@@ -6,6 +6,9 @@
 #include <wx/gdicmn.h>
 
 #include "modes/annotation_tool_mode.h"
+#include "properties/ann_shape_properties.h"
+
+class wxBitmap;
 
 /// What the modes of all kinds with a box share: the box is dragged out, then resized at its eight
 /// handles and turned at its rotation handle.
@@ -28,10 +31,23 @@ protected:
   bool hasPreview(std::unique_ptr<IAnnPainter> const &painter) const;
   /// What the drag spans, as of the last motion.
   wxRect const &rect() const { return m_rect; }
+  /// The same where it is painted.
+  wxRect onSurface(std::unique_ptr<IAnnPainter> const &painter,
+                   wxPoint2DDouble const &offset) const;
+  /// Whether a border of `thickness` leaves an inside.
+  static bool hasRoom(wxRect const &rect, int thickness);
+  /// Paints the border alone, or all of `rect` where the border leaves no inside.
+  static void previewBorder(IAnnPainter &painter, wxRect const &rect,
+                            AnnShapeProperties::Shape shape, wxColour const &colour, int thickness);
+  /// Paints a bitmap of the part `area` of the picture, cut to what the drag spans.
+  void previewCut(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
+                  wxBitmap bitmap, wxRect const &area, AnnShapeProperties::Shape shape) const;
+  /// What a drag to where the pointer is spans.
+  virtual wxRect rectOfDrag(wxMouseEvent const &event) const;
+  wxPoint pressPixel() const;
+  wxPoint mousePixel() const;
 
 private:
-  wxRect rectOfDrag(wxMouseEvent const &event) const;
-
   wxSize m_minimalSize;
   wxRect m_rect;
 };

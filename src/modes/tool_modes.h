@@ -7,7 +7,10 @@
 
 class AnnArrowToolMode;
 class AnnGeneralToolMode;
+class AnnHideToolMode;
 class AnnIdleToolMode;
+class AnnImageToolMode;
+class AnnMagnifyToolMode;
 class AnnPencilToolMode;
 class AnnShapeToolMode;
 class AnnTextToolMode;
@@ -19,7 +22,9 @@ struct FRAMENOTE_API ToolModes {
   ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode, std::shared_ptr<AnnShapeToolMode> shapeMode,
             std::shared_ptr<AnnArrowToolMode> arrowMode,
             std::shared_ptr<AnnPencilToolMode> pencilMode,
-            std::shared_ptr<AnnTextToolMode> textMode,
+            std::shared_ptr<AnnTextToolMode> textMode, std::shared_ptr<AnnImageToolMode> imageMode,
+            std::shared_ptr<AnnHideToolMode> hideMode,
+            std::shared_ptr<AnnMagnifyToolMode> magnifyMode,
             std::shared_ptr<AnnGeneralToolMode> generalMode);
 
   std::shared_ptr<AnnIdleToolMode> idle;
@@ -27,5 +32,8 @@ struct FRAMENOTE_API ToolModes {
   std::shared_ptr<AnnArrowToolMode> arrow;
   std::shared_ptr<AnnPencilToolMode> pencil;
   std::shared_ptr<AnnTextToolMode> text;
+  std::shared_ptr<AnnImageToolMode> image;
+  std::shared_ptr<AnnHideToolMode> hide;
+  std::shared_ptr<AnnMagnifyToolMode> magnify;
   std::shared_ptr<AnnGeneralToolMode> general;
 };

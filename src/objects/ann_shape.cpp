@@ -169,6 +169,14 @@ wxPoint2DInt AnnShape::GetPastePoint() {
       GetRounded(m_coordinates.CoordsAt(m_toolMode->GetToolCurrentFrame()).m_topLeft));
 }
 
+void AnnShape::setBorderLook(wxColour const &colour, int thickness) {
+  m_properties.SetBorderColor(colour);
+  m_properties.SetThickness(thickness);
+  deriveCurrentRecord([this](AnnShapePoints &record) {
+    CalculateInnerCoordinates(m_properties.GetThickness(), record, false);
+  });
+}
+
 void AnnShape::UpdateProperties() {
   RecordedObject::UpdateProperties();
   deriveCurrentRecord([this](AnnShapePoints &record) {

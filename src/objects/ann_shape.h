@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -88,7 +89,7 @@ public:
   void CheckIfReflectedAlongAxis(std::lock_guard<std::mutex> const &lock, bool adjustOrder);
 
   using IAnnotationObject::GetContainingRect;
-  /// The rectangle of the current record, whatever `frame` says.
+  /// The rectangle that bounds the current record, whatever `frame` says.
   wxRect GetContainingRect(std::int64_t frame) const;
   std::mutex &GetCoordinatesMutex() const;
   AnnShapeProperties const &GetProperties() const { return m_properties; }
@@ -102,6 +103,21 @@ public:
 
 protected:
   bool isFullyTransparent() const;
+  /// How a border is painted.
+  struct Border {
+    AnnShapeProperties::Shape shape;
+    wxColour colour;
+    int thickness;
+  };
+  /// Paints a border alone; what it encloses stays, unless the shape's border covers it.
+  void drawBorder(IAnnPainter &painter, AnnShapePoints const &record, wxPoint2DDouble const &offset,
+                  Border const &border) const;
+  /// Changes the corners of the current record, for all frames that share it, and derives the
+  /// points that follow from them.
+  void changeCorners(std::function<void(AnnShapePoints &)> const &change);
+  /// Takes over the border of the look in which the kind is painted, and the shape's own points
+  /// that follow from it.
+  void setBorderLook(wxColour const &colour, int thickness);
 
 private:
   struct Corner;
@@ -127,6 +143,7 @@ private:
   bool isHollow(AnnShapePoints const &record) const;
   bool rectangleContains(AnnShapePoints const &record, wxPoint const &point) const;
   bool ellipseContains(AnnShapePoints const &record, wxPoint const &point) const;
+  Border border() const;
   void drawRectangle(IAnnPainter &painter, AnnShapePoints const &record,
                      wxPoint2DDouble const &offset) const;
   void drawEllipse(IAnnPainter &painter, AnnShapePoints const &record,
@@ -136,6 +153,7 @@ private:
   double m_rotationAngle = 0.0;
   int m_rotationState = 0;  ///< turns the handles' cursors with the shape
   double m_rememberedAngle = 0.0;
+  std::int64_t m_resizedFrame = -1;  ///< the frame that the drag has resized last, or -1
   wxPoint2DDouble m_rememberedTopLeft;
   wxPoint2DDouble m_rememberedTopRight;
   wxPoint2DDouble m_rememberedBottomRight;

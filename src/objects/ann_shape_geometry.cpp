@@ -111,9 +111,10 @@ void AnnShape::findContainingRect() {
 }
 
 wxRect AnnShape::GetContainingRect(std::int64_t) const {
-  wxRect rect;
-  if (auto const record = currentRecord()) rect += framenote::BoundsOf(*record);
-  if (rect != wxRect()) rect.SetBottomRight(rect.GetBottomRight() - wxPoint(1, 1));
+  auto const record = currentRecord();
+  if (!record) return {};
+  wxRect rect = framenote::BoundsOf(*record);
+  rect.SetBottomRight(rect.GetBottomRight() - wxPoint(1, 1));
   return rect;
 }
 

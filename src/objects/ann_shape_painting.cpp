@@ -46,13 +46,10 @@ void AnnShape::drawRectangle(IAnnPainter &painter, AnnShapePoints const &record,
   auto const corners = GetCorners(record, offset);
   if (!IsVisible(m_properties.GetBorderColor())) {
     if (fill) painter.DrawPolygon(corners, m_properties.GetFillColor());
-  } else if (IsFillCoveredByBorder(record)) {
-    painter.DrawPolygon(corners, m_properties.GetBorderColor());
-  } else if (fill) {
+  } else if (fill && !IsFillCoveredByBorder(record)) {
     painter.DrawPolygonWithBorder(corners, GetInnerCorners(record, offset), m_properties);
   } else {
-    painter.DrawBorderOfPolygon(CentreLine(corners, GetInnerCorners(record, offset)),
-                                m_properties.GetBorderColor(), m_properties.GetThickness());
+    drawBorder(painter, record, offset, border());
   }
 }
 
@@ -62,13 +59,40 @@ void AnnShape::drawEllipse(IAnnPainter &painter, AnnShapePoints const &record,
   auto const outer = GetResizePoints(record, offset);
   if (!IsVisible(m_properties.GetBorderColor())) {
     if (fill) painter.DrawEllipseCurves(outer, m_properties.GetFillColor());
-  } else if (IsFillCoveredByBorder(record)) {
-    painter.DrawEllipseCurves(outer, m_properties.GetBorderColor());
-  } else if (fill) {
+  } else if (fill && !IsFillCoveredByBorder(record)) {
     painter.DrawEllipseWithBorderCurves(outer, GetInnerCorners(record, offset), m_properties);
   } else {
-    painter.DrawBorderOfEllipseCurves(outer, GetInnerCorners(record, offset),
-                                      m_properties.GetBorderColor());
+    drawBorder(painter, record, offset, border());
+  }
+}
+
+AnnShape::Border AnnShape::border() const {
+  return {m_properties.GetShape(), m_properties.GetBorderColor(), m_properties.GetThickness()};
+}
+
+void AnnShape::drawBorder(IAnnPainter &painter, AnnShapePoints const &record,
+                          wxPoint2DDouble const &offset, Border const &border) const {
+  bool const covers = IsFillCoveredByBorder(record);
+  auto const inner = GetInnerCorners(record, offset);
+  switch (border.shape) {
+    case AnnShapeProperties::Rectangle: {
+      auto const corners = GetCorners(record, offset);
+      if (covers) {
+        painter.DrawPolygon(corners, border.colour);
+      } else {
+        painter.DrawBorderOfPolygon(CentreLine(corners, inner), border.colour, border.thickness);
+      }
+      break;
+    }
+    case AnnShapeProperties::Ellipse: {
+      auto const outer = GetResizePoints(record, offset);
+      if (covers) {
+        painter.DrawEllipseCurves(outer, border.colour);
+      } else {
+        painter.DrawBorderOfEllipseCurves(outer, inner, border.colour);
+      }
+      break;
+    }
   }
 }
 

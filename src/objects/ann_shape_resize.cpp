@@ -95,6 +95,7 @@ void AnnShape::RememberCurrentPosition() {
   m_rememberedBottomRight = record->m_bottomRight;
   m_rememberedBottomLeft = record->m_bottomLeft;
   m_rememberedAngle = m_rotationAngle;
+  m_resizedFrame = -1;
   CalculateAspectRatio(*record);
 }
 
@@ -107,10 +108,10 @@ void AnnShape::ResizeTo(wxPoint2DInt const &position, bool keepAspectRatio) {
   growToCurrentFrame();
   {
     std::lock_guard<std::mutex> const lock(m_coordinates.GetMutex());
-    std::int64_t const previous = m_coordinates.GetRecentlyUpdatedCoordsFrame();
     std::int64_t const frame = m_toolMode->GetToolCurrentFrame();
     m_coordinates.AddNewCoordinates(frame);
-    leaveFrame(lock, previous, frame);
+    leaveFrame(lock, m_resizedFrame, frame);
+    m_resizedFrame = frame;
     AnnShapePoints &record = m_coordinates.CoordsEditable();
     wxPoint2DDouble const pointer(position);
     if (auto const *corner = CornerRule::ForHandle(m_activeHandle)) {
@@ -172,6 +173,15 @@ void AnnShape::dragSide(AnnShapePoints &record, SideRule const &rule,
   wxPoint2DDouble const e = WithLength(record.*rule.first.now - record.*rule.second.now, h * ratio);
   record.*rule.second.now += e;
   record.*rule.far.now = far + e;
+}
+
+void AnnShape::changeCorners(std::function<void(AnnShapePoints &)> const &change) {
+  deriveCurrentRecord([&](AnnShapePoints &record) {
+    change(record);
+    deriveAfterEdit(record);
+    m_coordinates.SetCoordinatesNotUpdatedInJson();
+  });
+  m_containingRectValid = false;
 }
 
 void AnnShape::Rotate(wxPoint const &position) {

@@ -83,7 +83,17 @@ public:
   virtual void DrawImage(wxPoint2DDouble const &centre, double width, double height, double angle,
                          wxBitmap const &bitmap) = 0;
   virtual void DrawBitmap(wxPoint2DDouble const &topLeft, wxBitmap const &bitmap) = 0;
+  /// From now on DrawBitmap puts bitmaps on whole pixels, the ones that hold the given corner: for
+  /// frames whose objects are painted about the middles of pixels, while bitmaps are pixels.
+  void KeepBitmapsOnPixels() { m_keepsBitmapsOnPixels = true; }
   /// Measures, paints nothing.
   virtual void GetTextExtent(wxString const &text, wxFont const &font, double &width,
                              double &height, double &externalLeading) = 0;
+
+protected:
+  /// Where the corner of a bitmap goes.
+  wxPoint2DDouble bitmapCorner(wxPoint2DDouble const &topLeft) const;
+
+private:
+  bool m_keepsBitmapsOnPixels = false;
 };

@@ -271,7 +271,7 @@ void AnnPainterDeviceContext::DrawImage(wxPoint2DDouble const &centre, double wi
 }
 
 void AnnPainterDeviceContext::DrawBitmap(wxPoint2DDouble const &topLeft, wxBitmap const &bitmap) {
-  if (bitmap.IsOk()) m_dc->DrawBitmap(bitmap, toPixel(topLeft), true);
+  if (bitmap.IsOk()) m_dc->DrawBitmap(bitmap, toPixel(bitmapCorner(topLeft)), true);
 }
 
 void AnnPainterDeviceContext::GetTextExtent(wxString const &text, wxFont const &font, double &width,

@@ -303,7 +303,7 @@ void AnnPainterGraphicsContext::DrawImage(wxPoint2DDouble const &centre, double 
 void AnnPainterGraphicsContext::DrawBitmap(wxPoint2DDouble const &topLeft, wxBitmap const &bitmap) {
   if (!bitmap.IsOk()) return;
   onContext([&](wxGraphicsContext &context) {
-    wxPoint2DDouble const corner = m_range.Point(topLeft);
+    wxPoint2DDouble const corner = m_range.Point(bitmapCorner(topLeft));
     context.DrawBitmap(bitmap, corner.m_x, corner.m_y, bitmap.GetWidth(), bitmap.GetHeight());
   });
 }

@@ -18,6 +18,8 @@ public:
   ~AnnHideProperties() override;
 
   Effect GetEffect() const { return m_effect; }
+  /// Whether the effect is one of the two; a document may bring any number.
+  bool HasKnownEffect() const { return m_effect == Blur || m_effect == Pixelation; }
   int GetStrength() const { return m_strength; }
   AnnShapeProperties::Shape GetShape() const { return m_shape; }
   wxColour GetBorderColor() const { return m_borderColor; }

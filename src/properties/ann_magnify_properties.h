@@ -30,6 +30,8 @@ public:
   wxImageResizeQuality GetZoomMethod() const {
     return static_cast<wxImageResizeQuality>(m_zoomMethod);
   }
+  /// The same as a document gives it, which need not be a method.
+  int GetZoomMethodNumber() const { return m_zoomMethod; }
   AnnShapeProperties::Shape GetShape() const { return m_shape; }
   wxColour GetBorderColor() const { return m_borderColor; }
   BorderType GetBorderType() const { return m_borderType; }

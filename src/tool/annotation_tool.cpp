@@ -7,7 +7,10 @@
 #include "framenote/annotation_events.h"
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_general_tool_mode.h"
+#include "modes/ann_hide_tool_mode.h"
 #include "modes/ann_idle_tool_mode.h"
+#include "modes/ann_image_tool_mode.h"
+#include "modes/ann_magnify_tool_mode.h"
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
@@ -19,13 +22,17 @@ constexpr std::size_t kMacroBuckets = 16;
 
 ToolModes MakeModes(AnnotationTool *tool) {
   auto general = std::make_shared<AnnGeneralToolMode>(Types::General, tool);
+  auto magnify = std::make_shared<AnnMagnifyToolMode>(Types::Magnify, tool);
+  auto hide = std::make_shared<AnnHideToolMode>(Types::Hide, tool);
+  auto image = std::make_shared<AnnImageToolMode>(Types::Image, tool);
   auto text = std::make_shared<AnnTextToolMode>(Types::Text, tool);
   auto pencil = std::make_shared<AnnPencilToolMode>(Types::Pencil, tool);
   auto arrow = std::make_shared<AnnArrowToolMode>(Types::Arrow, tool);
   auto shape = std::make_shared<AnnShapeToolMode>(Types::Shape, tool);
   auto idle = std::make_shared<AnnIdleToolMode>(Types::Idle, tool);
   return ToolModes(std::move(idle), std::move(shape), std::move(arrow), std::move(pencil),
-                   std::move(text), std::move(general));
+                   std::move(text), std::move(image), std::move(hide), std::move(magnify),
+                   std::move(general));
 }
 
 }  // namespace
@@ -240,6 +247,15 @@ void AnnotationTool::SetActiveTool(Types mode) {
       break;
     case Types::Text:
       SetActiveTool(m_toolModes.text);
+      break;
+    case Types::Image:
+      SetActiveTool(m_toolModes.image);
+      break;
+    case Types::Hide:
+      SetActiveTool(m_toolModes.hide);
+      break;
+    case Types::Magnify:
+      SetActiveTool(m_toolModes.magnify);
       break;
     default:
       break;

@@ -3,10 +3,16 @@
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_arrow_tool_mode.h"
+#include "modes/ann_hide_tool_mode.h"
+#include "modes/ann_image_tool_mode.h"
+#include "modes/ann_magnify_tool_mode.h"
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
 #include "objects/ann_arrow.h"
+#include "objects/ann_hide.h"
+#include "objects/ann_image.h"
+#include "objects/ann_magnify.h"
 #include "objects/ann_pencil.h"
 #include "objects/ann_shape.h"
 #include "objects/ann_text.h"
@@ -22,6 +28,13 @@ constexpr char const *kObjectsKey = "Objects";
 wxJSONValue ExtensionColorToJson(wxColour const &colour) {
   if (colour == wxNullColour) return wxJSONValue(wxJSONTYPE_NULL);
   return wxJSONValue(ToString(colour));
+}
+
+/// Whether a restored object is not worth keeping. A lens may only show nothing yet: what it shows
+/// depends on the frame and on the picture, which a host may set later.
+bool LeavesNoTrace(IAnnotationObject const &object) {
+  auto const *const lens = dynamic_cast<AnnMagnify const *>(&object);
+  return lens != nullptr ? lens->HasCollapsed() : object.WouldDisappear();
 }
 
 }  // namespace
@@ -70,7 +83,7 @@ void AnnotationTool::readObjects(wxJSONValue const &elements) {
     wxJSONValue const element = elements.ItemAt(i);
     if (!element.HasMember(IAnnotationObject::idKey) || !budget.HasRoomFor(element)) continue;
     std::unique_ptr<IAnnotationObject> object = objectFromJSON(element);
-    if (!object || object->WouldDisappear()) continue;
+    if (!object || LeavesNoTrace(*object)) continue;
     budget.Spend(element);
     // To the back: the array starts with the top of the z-order.
     m_objects.push_back(object.release());  // owned by the list
@@ -92,6 +105,15 @@ std::unique_ptr<IAnnotationObject> AnnotationTool::objectFromJSON(
     case Types::Text:
       if (!AnnText::IsJSONValid(element)) return nullptr;
       return std::make_unique<AnnText>(m_toolModes.shape, m_toolModes.text, element);
+    case Types::Image:
+      if (!AnnImage::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnImage>(m_toolModes.shape, m_toolModes.image, element);
+    case Types::Hide:
+      if (!AnnHide::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnHide>(m_toolModes.shape, m_toolModes.hide, element, m_image);
+    case Types::Magnify:
+      if (!AnnMagnify::IsJSONValid(element)) return nullptr;
+      return std::make_unique<AnnMagnify>(m_toolModes.shape, m_toolModes.magnify, element, m_image);
     default:
       return nullptr;
   }
@@ -99,7 +121,7 @@ std::unique_ptr<IAnnotationObject> AnnotationTool::objectFromJSON(
 
 void AnnotationTool::CloneFrom(AnnotationTool &other) {
   other.onObjectsModified();
-  m_image = other.m_image;
+  takePicture(other.m_image);
   wxJSONValue document(wxJSONTYPE_OBJECT);
   document.Set(kAnnotateKey, other.m_json);
   FromJSON(document, other.m_mediaInfo.frameCount);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The picture, the position in the media, and the frame range of the selected object.
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <stdexcept>
+#include <vector>
 
 #include <wx/bitmap.h>
 #include <wx/translation.h>
@@ -9,9 +12,13 @@
 #include <opencv2/core.hpp>
 
 #include "framenote/annotation_tool.h"
+#include "modes/ann_hide_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
+#include "objects/ann_hide.h"
+#include "objects/ann_magnify.h"
 #include "objects/ann_text.h"
 #include "talbase/layout_direction.h"
+#include "tool/worker_tasks.h"
 
 namespace {
 
@@ -22,15 +29,60 @@ void MirrorInPlace(wxImage const &image) {
 
 }  // namespace
 
-void AnnotationTool::SetImage(wxImage const &image, bool) {
-  if (!image.IsOk()) {
-    m_image = wxNullImage;
-    Refresh();
-    return;
-  }
-  m_image = image;
-  if (TalHasRTLLayout()) MirrorInPlace(m_image);
+void AnnotationTool::SetImage(wxImage const &image, bool refreshCaches) {
+  if (image.IsOk() && TalHasRTLLayout()) MirrorInPlace(image);
+  takePicture(image);
+  if (m_image.IsOk()) refreshBitmaps(refreshCaches);
   Refresh();
+}
+
+void AnnotationTool::takePicture(wxImage const &image) {
+  m_image = image.IsOk() ? image : wxNullImage;
+  m_toolModes.hide->SetPicture(m_image);
+}
+
+bool AnnotationTool::isShown(IAnnotationObject const &object) const {
+  return object.IsPresentInFrame(m_mediaInfo.frameIndex) || object.IsSelected();
+}
+
+// Each task works on one object, and reads the picture; nothing else is shared that is not locked.
+void AnnotationTool::refreshBitmaps(bool wholePictures) {
+  std::vector<AnnHide *> regions;
+  std::vector<AnnMagnify *> lenses;
+  for (IAnnotationObject *object : m_objects) {
+    if (!isShown(*object)) continue;
+    if (auto *const region = dynamic_cast<AnnHide *>(object)) {
+      regions.push_back(region);
+    } else if (auto *const lens = dynamic_cast<AnnMagnify *>(object)) {
+      lenses.push_back(lens);
+    }
+  }
+  if (wholePictures || m_state == ToolState::Drawing) m_toolModes.hide->RefreshPreview();
+  if (wholePictures) hideWholePictures(regions);
+  std::vector<std::function<void()>> tasks;
+  for (AnnHide *region : regions) {
+    tasks.emplace_back([region, wholePictures] {
+      if (!wholePictures) return region->UpdateSubImageAndStoreAsSubBitmap();
+      region->HideWholeImageAndStoreAsBitmap();
+      region->UpdateSubImageAndSubBitmap();
+    });
+  }
+  for (AnnMagnify *lens : lenses) {
+    tasks.emplace_back([lens] { lens->UpdateSubImageAndSubBitmap(false); });
+  }
+  framenote::RunTasks(tasks);
+}
+
+// The regions of one strength share the work on the whole picture, so one of them does it.
+void AnnotationTool::hideWholePictures(std::vector<AnnHide *> const &regions) {
+  std::map<int, AnnHide *> ofStrength;
+  for (AnnHide *region : regions)
+    ofStrength.emplace(region->HideProperties().GetStrength(), region);
+  std::vector<std::function<void()>> tasks;
+  for (auto const &[strength, region] : ofStrength) {
+    tasks.emplace_back([region = region] { region->HideWholeImageAndStoreAsBitmap(); });
+  }
+  framenote::RunTasks(tasks);
 }
 
 void AnnotationTool::SetImage(wxBitmap const &bitmap, bool refreshCaches) {
@@ -87,7 +139,8 @@ void AnnotationTool::updateSelectedForFrame(AnnotationMediaInfo const &info) {
     for (std::int64_t frame = old + 1; frame <= info.frameIndex; ++frame) {
       if (object.AreCoordinatesEmpty(frame)) object.DuplicateLastCoordinates(frame);
     }
-    if (object.GetRecentlyUpdatedCoordsFrame() != info.frameIndex) {
+    // The frame edited last is the current one only until the position has changed.
+    if (object.GetRecentlyUpdatedCoordsFrame() != info.frameIndex || info.frameIndex != old) {
       object.UpdateCoordinatesPointers(info.frameIndex);
     }
   }

@@ -20,7 +20,7 @@ namespace {
 constexpr double kHalfPixel = 0.5;
 
 /// The largest side of an extended frame, the limit of the drawing surfaces; and the most pixels.
-constexpr int kMaxSide = 32767;
+constexpr int kMaxSide = 32766;
 constexpr std::int64_t kMaxPixels = std::int64_t{1} << 28;
 
 bool CanBePainted(wxSize const &size) {
@@ -77,11 +77,14 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   auto const savedMacros = m_textMacros;
 
   m_mediaInfo.frameIndex = info.frameIndex;
+  // Before the picture: what is hidden is cut where the objects are in this frame.
+  goToFrameOfObjects(info.frameIndex);
   SetImage(frame, false);
   UpdateTextMacrosMap(macros);
   wxImage const output = paintAnnotatedFrame(frame, info.frameIndex);
 
   m_mediaInfo.frameIndex = savedFrame;
+  goToFrameOfObjects(savedFrame);
   // The frame just rendered stays the tool's picture; the host sets the one it wants next.
   SetImage(savedImage, false);
   m_textMacros = savedMacros;
@@ -89,8 +92,16 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   return output;
 }
 
+void AnnotationTool::goToFrameOfObjects(std::int64_t frame) {
+  for (IAnnotationObject *object : m_objects) {
+    if (!isShown(*object)) continue;
+    auto const [first, last] = object->GetFrameDuration();
+    object->UpdateCoordinatesPointers(std::clamp(frame, first, last));
+  }
+}
+
 wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t frameIndex) {
-  if (!frame.IsOk()) return wxNullImage;
+  if (!frame.IsOk() || !CanBePainted(frame.GetSize())) return wxNullImage;
   // Annotations so far out that no surface can hold them do not extend the frame.
   bool const extended =
       m_extensionColor != wxNullColour && CanBePainted(GetAnnotationArea().GetSize());
@@ -109,6 +120,7 @@ wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t f
       dc.Clear();
     }
     std::unique_ptr<IAnnPainter> painter = IAnnPainter::CreateAnnPainter(type, dc, &dc, 1.0);
+    painter->KeepBitmapsOnPixels();
     if (!covers) painter->DrawBitmap(offset, wxBitmap(frame, -1, 1.0));
     drawObjectsOfFrame(painter, frameIndex, offset + wxPoint2DDouble(kHalfPixel, kHalfPixel));
   }
@@ -121,7 +133,6 @@ void AnnotationTool::drawObjectsOfFrame(std::unique_ptr<IAnnPainter> &painter, s
   for (auto it = m_objects.rbegin(); it != m_objects.rend(); ++it) {
     IAnnotationObject &object = **it;
     if (!object.IsPresentInFrame(frame)) continue;
-    object.UpdateCoordinatesPointers(frame);
     object.Draw(painter, offset);
   }
 }

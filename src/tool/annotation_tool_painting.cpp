@@ -5,11 +5,21 @@
 
 #include "framenote/annotation_tool.h"
 #include "modes/annotation_tool_mode.h"
+#include "objects/ann_hide.h"
 #include "objects/annotation_object.h"
 #include "painters/ann_painter.h"
 
 void AnnotationTool::setDrawOn(wxWindow *window) {
   m_drawOn = window;
+}
+
+// What is hidden must not be seen for a moment, in whatever order a host sets picture and position.
+void AnnotationTool::refreshStaleRegions() {
+  for (IAnnotationObject *object : m_objects) {
+    if (!isShown(*object)) continue;
+    auto *const region = dynamic_cast<AnnHide *>(object);
+    if (region != nullptr && !region->IsUpToDate()) region->UpdateSubImageAndStoreAsSubBitmap();
+  }
 }
 
 std::unique_ptr<IAnnPainter> AnnotationTool::beginPass(wxDC &dc, wxWindow *window,
@@ -19,6 +29,7 @@ std::unique_ptr<IAnnPainter> AnnotationTool::beginPass(wxDC &dc, wxWindow *windo
   m_scale = scale;
   m_offset = offset;
   if (!m_visible) return nullptr;
+  refreshStaleRegions();
   auto const type =
       m_config.drawWithDeviceContext ? IAnnPainter::DeviceContext : IAnnPainter::GraphicsContext;
   return IAnnPainter::CreateAnnPainter(type, dc, m_drawOn, m_scale);
@@ -30,9 +41,7 @@ void AnnotationTool::Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &off
   // From the back to the front, so that the front object is painted last.
   for (auto it = m_objects.rbegin(); it != m_objects.rend(); ++it) {
     IAnnotationObject const &object = **it;
-    if (object.IsPresentInFrame(m_mediaInfo.frameIndex) || object.IsSelected()) {
-      object.Draw(painter, offset);
-    }
+    if (isShown(object)) object.Draw(painter, offset);
   }
   if (m_activeTool) m_activeTool->DrawPreview(painter, offset);
   painter->ResetScale();

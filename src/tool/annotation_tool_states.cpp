@@ -8,8 +8,7 @@
 bool AnnotationTool::isMouseOnObject(Iterator &it) const {
   for (; it != m_objects.end(); ++it) {
     IAnnotationObject const &object = **it;
-    if (!object.IsPresentInFrame(m_mediaInfo.frameIndex) && !object.IsSelected()) continue;
-    if (object.Contains(m_mousePosition)) return true;
+    if (isShown(object) && object.Contains(m_mousePosition)) return true;
   }
   return false;
 }
@@ -101,8 +100,9 @@ void AnnotationTool::setNextStateOnSelected() {
 }
 
 void AnnotationTool::startDrawingObject() {
-  if (IsIdle() || m_activeTool->GetModeId() == Types::General) return;
+  if (!m_activeTool->CanStartDrawing()) return;
   m_activeTool->DiscardDrawing();
+  m_activeTool->startDrawing();
   if (m_mediaInfo.IsVideo()) {
     post(AnnotationStartedEvent(wxEVT_ANN_STARTED, m_mediaInfo.frameIndex));
   }

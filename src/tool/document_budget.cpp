@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tool/document_budget.h"
 
+#include <algorithm>
+
 #include "coordinates/coordinate_runs.h"
+#include "objects/ann_magnify.h"
 #include "objects/ann_pencil.h"
 #include "objects/ann_text.h"
 #include "objects/annotation_object.h"
@@ -16,15 +19,18 @@ constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
 /// Points of all strokes of a document, in all their runs.
 constexpr std::int64_t kMaxPathPointsOfDocument = std::int64_t{1} << 26;
 
-/// The runs of an object; those of a text box are its rectangle's.
+/// The runs of an object; those of a kind with a box are its rectangle's.
 wxJSONValue RunsOf(wxJSONValue const &element) {
   bool const hasRectangle = element.HasMember(AnnText::rectangleKey);
   wxJSONValue const &geometry = hasRectangle ? element.ItemAt(AnnText::rectangleKey) : element;
   return geometry.ItemAt(IAnnotationObject::coordinatesKey);
 }
 
+/// In the store that needs most: a lens has one of its own for what it shows.
 std::int64_t ExtraFramesOf(wxJSONValue const &element, std::int64_t frameCount) {
-  return CountExtraFrames(RunsOf(element), frameCount);
+  wxJSONValue const centres = element.ItemAt(AnnMagnify::coordinatesCenterPointKey);
+  return std::max(CountExtraFrames(RunsOf(element), frameCount),
+                  CountExtraFrames(centres, frameCount));
 }
 
 std::int64_t PathPointsOf(wxJSONValue const &element) {

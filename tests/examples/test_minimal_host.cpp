@@ -257,14 +257,28 @@ TEST_F(MinimalHost, EachToolMakesItsKindOfObject) {
   std::vector<wxPoint> const path = {{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150},
                                      {170, 150}, {180, 140}, {190, 130}, {200, 120}, {210, 110}};
   Drag(path);
+  Key(WXK_F8);
+  Drag({{220, 20}, {240, 40}, {260, 70}});
+  Key(WXK_F9);
+  Drag({{220, 120}, {240, 140}, {270, 160}});
 
   // The last one drawn is in front.
   wxJSONValue const objects = SavedObjects();
-  ASSERT_EQ(objects.Size(), 4);
-  wxJSONValue const stroke = objects.ItemAt(0);
-  wxJSONValue const arrow = objects.ItemAt(1);
-  wxJSONValue const ellipse = objects.ItemAt(2);
-  wxJSONValue const rectangle = objects.ItemAt(3);
+  ASSERT_EQ(objects.Size(), 6);
+  wxJSONValue const lens = objects.ItemAt(0);
+  wxJSONValue const region = objects.ItemAt(1);
+  wxJSONValue const stroke = objects.ItemAt(2);
+  wxJSONValue const arrow = objects.ItemAt(3);
+  wxJSONValue const ellipse = objects.ItemAt(4);
+  wxJSONValue const rectangle = objects.ItemAt(5);
+  EXPECT_EQ(region.ItemAt("Id").AsInt(), 7);
+  wxJSONValue const regionRun = region.ItemAt("Rectangle").ItemAt("Coordinates").ItemAt(0);
+  ExpectPoint(regionRun.ItemAt("TopLeft"), 220, 20);
+  ExpectPoint(regionRun.ItemAt("BottomRight"), 260, 70);
+  EXPECT_EQ(lens.ItemAt("Id").AsInt(), 8);
+  wxJSONValue const lensRun = lens.ItemAt("Rectangle").ItemAt("Coordinates").ItemAt(0);
+  ExpectPoint(lensRun.ItemAt("TopLeft"), 220, 120);
+  ExpectPoint(lensRun.ItemAt("BottomRight"), 270, 160);
   EXPECT_EQ(rectangle.ItemAt("Id").AsInt(), 2);
   EXPECT_EQ(rectangle.ItemAt("Properties").ItemAt("Shape").AsInt(), 0);
   EXPECT_EQ(ellipse.ItemAt("Id").AsInt(), 2);

@@ -158,10 +158,10 @@ TEST_F(AnnShapeGeometry, ContainingRectReachesFromTheOriginToOneBeforeTheLastPix
   EXPECT_EQ(Shape(-10, -20, 30, 40).GetContainingRect(), wxRect(-10, -20, 40, 60));
 }
 
-TEST_F(AnnShapeGeometry, ContainingRectIgnoresTheFrameItIsAskedFor) {
+TEST_F(AnnShapeGeometry, RectOfTheCurrentRecordIgnoresTheFrameItIsAskedFor) {
   AnnShape const shape = Shape(10, 20, 60, 50);
-  EXPECT_EQ(shape.GetContainingRect(5), wxRect(0, 0, 60, 50));
-  EXPECT_EQ(shape.GetContainingRect(6), wxRect(0, 0, 60, 50));
+  EXPECT_EQ(shape.GetContainingRect(5), wxRect(10, 20, 50, 30));
+  EXPECT_EQ(shape.GetContainingRect(6), wxRect(10, 20, 50, 30));
 }
 
 TEST_F(AnnShapeGeometry, RectOfADragHasBothEnds) {

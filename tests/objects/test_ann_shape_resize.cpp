@@ -178,6 +178,25 @@ TEST_F(AnnShapeHandles, CornerPastTheOppositeCornerIsHalfATurn) {
   EXPECT_NEAR(shape.GetRotationAngle(), 3.141592653589793, 1e-12);
 }
 
+class AnnShapeHandlesInAVideo : public VideoObjectTest {};
+
+TEST_F(AnnShapeHandlesInAVideo, ResizeLeavesTheFormsOfOtherFramesAndItsAngle) {
+  AnnShape shape = Shape(50, 50, 100, 100);
+  shape.SetEndFrame(9);
+  GoTo(shape, 9);
+  shape.MoveFor({0, -220});
+  GoTo(shape, 3);
+  wxStockCursor cursor = wxCURSOR_ARROW;
+  ASSERT_TRUE(shape.IsAtResizePoint({114, 75}, cursor));
+  shape.PrepareResizing();
+  shape.ResizeTo({120, 75}, false);
+  EXPECT_EQ(shape.GetRotationAngle(), 0.0);
+  EXPECT_TRUE(At(RecordOf(shape).m_bottomRight, 120, 100));
+  GoTo(shape, 9);
+  EXPECT_TRUE(At(RecordOf(shape).m_topLeft, 50, -170));
+  EXPECT_TRUE(At(RecordOf(shape).m_bottomRight, 100, -120));
+}
+
 TEST_F(AnnShapeHandles, CollapsedWidthCanBeOpenedAgain) {
   AnnShape shape = Shape(20, 0, 20, 50);
   Grab(shape, {20, 50});

@@ -99,6 +99,21 @@ TEST(ToolPosition, DragAcrossFramesGivesEachFrameItsPlace) {
   }
 }
 
+TEST(ToolPosition, ComingBackToTheFrameEditedLastShowsItsOwnForm) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 20}, {60, 60});
+  driver.GoToFrame(5);
+  auto &shape = *driver.ObjectAs<AnnShape>();
+  shape.MoveFor({100, 0});
+  driver.GoToFrame(3);
+  EXPECT_EQ(shape.GetCoordinates().Coords().m_topLeft.m_x, 20.0);
+  driver.GoToFrame(5);
+  EXPECT_EQ(shape.GetCoordinates().Coords().m_topLeft.m_x, 120.0);
+  shape.MoveFor({0, 7});
+  driver.GoToFrame(3);
+  EXPECT_EQ(shape.GetCoordinates().Coords().m_topLeft.m_y, 20.0);
+}
+
 TEST(ToolPosition, JumpDuringADragSharesThePlaceOfTheOldFrame) {
   ToolDriver driver(10);
   driver.DrawShape({20, 20}, {120, 80});

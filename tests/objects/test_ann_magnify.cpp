@@ -1,0 +1,524 @@
+// SPDX-License-Identifier: MIT
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "modes/ann_magnify_tool_mode.h"
+#include "object_support.h"
+#include "objects/ann_magnify.h"
+#include "support/test_pictures.h"
+
+namespace framenote::test {
+
+namespace {
+
+const wxSize kCanvas(200, 160);
+
+class AnnMagnifyTest : public ObjectTest {
+protected:
+  explicit AnnMagnifyTest(std::int64_t frameCount = 1)
+      : ObjectTest(frameCount), m_picture(PlacePicture(kCanvas.x, kCanvas.y)) {
+    m_driver.Tool().SetImage(m_picture, true);
+  }
+
+  AnnMagnifyProperties &Look() { return *Modes().magnify->m_properties; }
+  /// A lens with the corners `a` and `b`.
+  AnnMagnify Lens(wxPoint const &a, wxPoint const &b, std::int64_t frame = 0) {
+    return {Modes().shape, Modes().magnify, wxRect(a, b), m_driver.Tool().GetImage(), frame};
+  }
+  AnnMagnify Restored(wxJSONValue const &json) {
+    return {Modes().shape, Modes().magnify, json, m_driver.Tool().GetImage()};
+  }
+  wxImage Paint(AnnMagnify const &lens,
+                IAnnPainter::AnnPainterType type = IAnnPainter::GraphicsContext) {
+    return PaintedBy(type, kCanvas, 1.0,
+                     [&](auto &painter) { lens.Draw(painter, wxPoint2DDouble(0.0, 0.0)); });
+  }
+  /// Which pixel of the picture a place of the lens shows.
+  static wxPoint Shown(wxImage const &painted, int x, int y) {
+    return {painted.GetRed(x, y), painted.GetGreen(x, y)};
+  }
+  /// Drags the centre of what is shown.
+  void DragCentre(AnnMagnify &lens, wxPoint2DInt const &delta) {
+    auto const centre = (RecordOf(lens).m_topLeft + RecordOf(lens).m_bottomRight) * 0.5;
+    ASSERT_TRUE(lens.IsAtCenterPoint(PixelOf(centre)));
+    lens.MoveFor(delta);
+  }
+  static wxRect SizeOf(AnnMagnify const &lens) {
+    return {PixelRounded(RecordOf(lens).m_topLeft), PixelRounded(RecordOf(lens).m_bottomRight)};
+  }
+  static wxPoint PixelRounded(wxPoint2DDouble const &point) {
+    return IAnnotationObject::GetRounded(point);
+  }
+
+  wxImage m_picture;
+};
+
+TEST_F(AnnMagnifyTest, ShowsWhatLiesUnderItEnlargedAboutItsCentre) {
+  for (auto const type : {IAnnPainter::GraphicsContext, IAnnPainter::DeviceContext}) {
+    wxImage const painted = Paint(Lens({40, 40}, {80, 80}), type);
+    // Zoom 2 about pixel 59: x shows (x + 59) / 2.
+    EXPECT_EQ(pixels::BoundsOfPaint(painted), wxRect(40, 40, 40, 40));
+    EXPECT_EQ(Shown(painted, 59, 59), wxPoint(59, 59));
+    EXPECT_EQ(Shown(painted, 40, 40), wxPoint(49, 49));
+    EXPECT_EQ(Shown(painted, 79, 60), wxPoint(69, 59));
+  }
+}
+
+TEST_F(AnnMagnifyTest, LowestZoomStaysCentred) {
+  Look().SetZoom(1.5);
+  wxImage const painted = Paint(Lens({40, 40}, {80, 80}));
+  // The origin of the enlarged picture is truncate(59 * -0.5) = -29: x shows (x + 29) / 1.5.
+  EXPECT_EQ(Shown(painted, 59, 59), wxPoint(58, 58));
+  EXPECT_EQ(Shown(painted, 41, 59), wxPoint(46, 58));
+  EXPECT_EQ(Shown(painted, 78, 59), wxPoint(71, 58));
+}
+
+TEST_F(AnnMagnifyTest, AllMethodsHaveThePixelsOfAScaledPicture) {
+  m_driver.Tool().SetImage(NoisePicture(kCanvas.x, kCanvas.y), true);
+  wxImage const &picture = m_driver.Tool().GetImage();
+  for (auto const method :
+       {wxIMAGE_QUALITY_NEAREST, wxIMAGE_QUALITY_BILINEAR, wxIMAGE_QUALITY_BICUBIC,
+        wxIMAGE_QUALITY_BOX_AVERAGE, wxIMAGE_QUALITY_HIGH}) {
+    Look().SetZoomMethod(method);
+    Look().SetZoom(3.0);
+    wxImage const painted = Paint(Lens({40, 40}, {80, 80})).GetSubImage(wxRect(40, 40, 40, 40));
+    // The origin of the enlarged picture is 59 * -2 = -118.
+    wxImage const expected = picture.Scale(600, 480, method).GetSubImage(wxRect(158, 158, 40, 40));
+    EXPECT_TRUE(pixels::Alike(painted, expected, 2)) << static_cast<int>(method);
+  }
+}
+
+TEST_F(AnnMagnifyTest, EllipseIsCutOutOfItsRectangle) {
+  Look().SetShape(AnnShapeProperties::Ellipse);
+  wxImage const painted = Paint(Lens({40, 40}, {100, 80}));
+  EXPECT_EQ(pixels::ColourAt(painted, 43, 43), pixels::kWhite);
+  EXPECT_EQ(Shown(painted, 69, 59), wxPoint(69, 59));
+}
+
+TEST_F(AnnMagnifyTest, LensThatOverhangsIsClippedToThePicture) {
+  // The visible part is columns 0 to 19, and is enlarged about column 9: x shows (x + 9) / 2.
+  wxImage const painted = Paint(Lens({-20, 40}, {20, 80}));
+  EXPECT_EQ(Shown(painted, 9, 59), wxPoint(9, 59));
+  EXPECT_EQ(Shown(painted, 0, 59), wxPoint(4, 59));
+  EXPECT_EQ(Shown(painted, 19, 59), wxPoint(14, 59));
+}
+
+TEST_F(AnnMagnifyTest, LensOutsideThePicturePaintsItsBorderOnly) {
+  Look().SetBorderType(AnnMagnifyProperties::ShapeOnly);
+  Look().SetBorderColor(*wxRED);
+  AnnMagnify const lens = Lens({210, 20}, {250, 60});
+  EXPECT_FALSE(lens.WouldDisappear());
+  wxImage const painted =
+      PaintedBy(IAnnPainter::GraphicsContext, wxSize(300, 160), 1.0, [&](auto &painter) {
+        lens.Draw(painter, {0.0, 0.0});
+      });
+  EXPECT_TRUE(pixels::AreaHas(painted, wxRect(216, 26, 28, 28), pixels::kWhite));
+  EXPECT_GT(pixels::CountOf(painted, pixels::kRed, 10), 100);
+  Look().SetBorderType(AnnMagnifyProperties::Transparent);
+  EXPECT_TRUE(Lens({210, 20}, {250, 60}).WouldDisappear());
+}
+
+TEST_F(AnnMagnifyTest, BorderTypeZeroHasNoOutlineWhateverTheColour) {
+  Look().SetBorderColor(*wxRED);
+  Look().SetBorderType(AnnMagnifyProperties::Transparent);
+  EXPECT_EQ(pixels::CountOf(Paint(Lens({40, 40}, {80, 80})), pixels::kRed), 0);
+  Look().SetBorderType(AnnMagnifyProperties::ShapeOnly);
+  EXPECT_GT(pixels::CountOf(Paint(Lens({40, 40}, {80, 80})), pixels::kRed), 100);
+}
+
+TEST_F(AnnMagnifyTest, CentreThatWasDraggedAwayIsShownInTheLensThatStays) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  DragCentre(lens, {60, 30});
+  EXPECT_EQ(SizeOf(lens), wxRect(wxPoint(40, 40), wxPoint(80, 80)));
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(pixels::BoundsOfPaint(painted), wxRect(40, 40, 40, 40));
+  // The source area is columns 100 to 139 with 119 in its middle, rows 70 to 109 with 89.
+  EXPECT_EQ(Shown(painted, 59, 59), wxPoint(119, 89));
+  EXPECT_EQ(Shown(painted, 40, 40), wxPoint(109, 79));
+}
+
+TEST_F(AnnMagnifyTest, LensWithACentreOfItsOwnMovesWithoutIt) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  DragCentre(lens, {60, 30});
+  ASSERT_FALSE(lens.IsAtCenterPoint({42, 42}));
+  lens.MoveFor({10, -20});
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(pixels::BoundsOfPaint(painted), wxRect(50, 20, 40, 40));
+  EXPECT_EQ(Shown(painted, 69, 39), wxPoint(119, 89));
+}
+
+TEST_F(AnnMagnifyTest, LensWithoutACentreOfItsOwnTakesItAlong) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.MoveFor({10, 20});
+  EXPECT_EQ(Shown(Paint(lens), 69, 79), wxPoint(69, 79));
+}
+
+TEST_F(AnnMagnifyTest, MovingAllFramesMovesTheViewAlone) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.MoveAllFramesFor({10, 20});
+  EXPECT_EQ(pixels::BoundsOfPaint(Paint(lens)), wxRect(50, 60, 40, 40));
+  // Until it is refreshed the lens shows what it showed before.
+  EXPECT_EQ(Shown(Paint(lens), 69, 79), wxPoint(59, 59));
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 69, 79), wxPoint(69, 79));
+}
+
+TEST_F(AnnMagnifyTest, ResettingBringsTheCentreBack) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  wxImage const before = Paint(lens);
+  DragCentre(lens, {60, 30});
+  EXPECT_EQ(lens.ToJSON().ItemAt("CoordinatesCenterPoint").Size(), 0);
+  lens.OnObjectModified();
+  EXPECT_EQ(JsonToUtf8(lens.ToJSON().ItemAt("CoordinatesCenterPoint")),
+            R"([{"CenterPoint":[120.0,90.0],"Range":[0,0]}])");
+  lens.ResetCenterPosition();
+  EXPECT_TRUE(pixels::Alike(Paint(lens), before, 0));
+  EXPECT_EQ(JsonToUtf8(lens.ToJSON().ItemAt("CoordinatesCenterPoint")), "[]");
+}
+
+TEST_F(AnnMagnifyTest, CentreIsHeldWithinFifteenScreenPixels) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  EXPECT_TRUE(lens.IsAtCenterPoint({75, 60}));
+  EXPECT_FALSE(lens.IsAtCenterPoint({76, 60}));
+  SetZoom(3.0);
+  EXPECT_TRUE(lens.IsAtCenterPoint({65, 60}));
+  EXPECT_FALSE(lens.IsAtCenterPoint({66, 60}));
+}
+
+TEST_F(AnnMagnifyTest, FixedSourceSizeGrowsTheLensWithTheZoom) {
+  Look().SetFixedSourceSize(true);
+  AnnMagnify lens = Lens({60, 60}, {100, 80});
+  Look().SetZoom(4.0);
+  lens.UpdateProperties();
+  // Each corner moved away from (80, 70) by once its distance.
+  EXPECT_TRUE(At(RecordOf(lens).m_topLeft, 40, 50));
+  EXPECT_TRUE(At(RecordOf(lens).m_topRight, 120, 50));
+  EXPECT_TRUE(At(RecordOf(lens).m_bottomRight, 120, 90));
+  EXPECT_TRUE(At(RecordOf(lens).m_bottomLeft, 40, 90));
+  EXPECT_NE(JsonToUtf8(lens.ToJSON()).find("[40.0,50.0]"), std::string::npos);
+  Look().SetZoom(2.0);
+  lens.UpdateProperties();
+  EXPECT_TRUE(At(RecordOf(lens).m_topLeft, 60, 60));
+}
+
+TEST_F(AnnMagnifyTest, LensOfAnyZoomKeepsItsSizeOtherwise) {
+  Look().SetFixedSourceSize(false);
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  Look().SetZoom(4.0);
+  lens.UpdateProperties();
+  EXPECT_TRUE(At(RecordOf(lens).m_topLeft, 40, 40));
+  wxImage const painted = Paint(lens);
+  // The origin is 59 * -3 = -177: x shows (x + 177) / 4.
+  EXPECT_EQ(Shown(painted, 40, 59), wxPoint(54, 59));
+  EXPECT_EQ(Shown(painted, 79, 59), wxPoint(64, 59));
+}
+
+TEST_F(AnnMagnifyTest, ZoomBeforeTheFirstRefreshLeavesTheLens) {
+  m_driver.Tool().SetImage(wxNullImage, true);
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.ResizeOnZoom(4.0);
+  EXPECT_TRUE(At(RecordOf(lens).m_topLeft, 40, 40));
+  EXPECT_EQ(pixels::BoundsOfPaint(Paint(lens)), wxRect());
+}
+
+TEST_F(AnnMagnifyTest, ZoomsWithoutAPictureAreEachMeasuredFromTheLast) {
+  AnnMagnify lens = Lens({60, 60}, {80, 80});
+  m_driver.Tool().SetImage(wxNullImage, true);
+  for (double const zoom : {3.0, 4.0, 5.0, 2.0}) {
+    Look().SetZoom(zoom);
+    lens.UpdateProperties();
+    // 20 wide at zoom 2.
+    EXPECT_NEAR(RecordOf(lens).m_bottomRight.m_x - RecordOf(lens).m_topLeft.m_x, 10.0 * zoom, 1e-9);
+  }
+}
+
+TEST_F(AnnMagnifyTest, ZoomOutsideItsSenseShowsSomething) {
+  wxImage plain = [&] {
+    Look().SetZoom(1.0);
+    return Paint(Lens({40, 40}, {80, 80}));
+  }();
+  for (double const zoom : {0.0, -2.0, std::numeric_limits<double>::quiet_NaN()}) {
+    Look().SetZoom(zoom);
+    EXPECT_TRUE(pixels::Alike(Paint(Lens({40, 40}, {80, 80})), plain, 0)) << zoom;
+  }
+  Look().SetZoom(1e9);
+  wxImage const far = Paint(Lens({40, 40}, {80, 80}));
+  EXPECT_EQ(pixels::BoundsOfPaint(far), wxRect(40, 40, 40, 40));
+  Look().SetFixedSourceSize(false);
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  Look().SetZoom(std::numeric_limits<double>::quiet_NaN());
+  lens.UpdateProperties();
+  lens.UpdateProperties();
+  EXPECT_FALSE(pixels::BoundsOfPaint(Paint(lens)).IsEmpty());
+}
+
+TEST_F(AnnMagnifyTest, FromThePartOnlyItsPixelsTakePart) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.UpdateSubImageAndSubBitmap(true);
+  wxImage const painted = Paint(lens);
+  // The part begins at 40; its centre is 19 from there, and x shows 40 + (x - 40 + 19) / 2.
+  EXPECT_EQ(Shown(painted, 59, 59), wxPoint(59, 59));
+  EXPECT_EQ(Shown(painted, 40, 40), wxPoint(49, 49));
+}
+
+TEST_F(AnnMagnifyTest, DocumentHasItsMembersInOrder) {
+  AnnMagnify const lens = Lens({40, 40}, {80, 80});
+  std::string const text = JsonToUtf8(lens.ToJSON());
+  std::vector<std::string> const members = {R"({"Id":8,"Properties":{)", R"(,"Rectangle":{)",
+                                            R"(,"CoordinatesCenterPoint":[]})"};
+  std::size_t at = 0;
+  for (std::string const &member : members) {
+    at = text.find(member, at);
+    ASSERT_NE(at, std::string::npos) << member << " in " << text;
+  }
+}
+
+TEST_F(AnnMagnifyTest, RestoredLensShowsTheSame) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  DragCentre(lens, {60, 30});
+  lens.OnObjectModified();
+  AnnMagnify const restored = Restored(lens.ToJSON());
+  EXPECT_TRUE(pixels::Alike(Paint(restored), Paint(lens), 0));
+  EXPECT_EQ(JsonToUtf8(restored.ToJSON()), JsonToUtf8(lens.ToJSON()));
+}
+
+TEST_F(AnnMagnifyTest, ValidatorAsksForTheRectangleAndTheCentres) {
+  wxJSONValue const whole = Lens({40, 40}, {80, 80}).ToJSON();
+  EXPECT_TRUE(AnnMagnify::IsJSONValid(whole));
+  wxJSONValue json(wxJSONTYPE_OBJECT);
+  json.Set("Rectangle", whole.ItemAt("Rectangle"));
+  EXPECT_FALSE(AnnMagnify::IsJSONValid(json));
+  json.Set("CoordinatesCenterPoint", wxJSONValue(wxJSONTYPE_ARRAY));
+  EXPECT_TRUE(AnnMagnify::IsJSONValid(json));
+}
+
+TEST_F(AnnMagnifyTest, CopyShowsTheSameAndIsItsOwn) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  DragCentre(lens, {60, 30});
+  AnnMagnify const copy(lens);
+  wxImage const before = Paint(lens);
+  EXPECT_TRUE(pixels::Alike(Paint(copy), before, 0));
+  lens.ResetCenterPosition();
+  lens.MoveFor({30, 30});
+  EXPECT_TRUE(pixels::Alike(Paint(copy), before, 0));
+}
+
+TEST_F(AnnMagnifyTest, SelectedLensHasAMarkerOnItsCentreAlways) {
+  AnnMagnify lens = Lens({40, 40}, {100, 100});
+  auto const marker = [&] {
+    wxImage const painted =
+        PaintedBy(IAnnPainter::GraphicsContext, kCanvas, 1.0, [&](auto &painter) {
+          lens.DrawSelected(painter, {0.0, 0.0}, 1.0);
+        });
+    return pixels::BoundsOf(painted, {0, 255, 255}, 10);
+  };
+  wxRect const atHome = marker();
+  EXPECT_TRUE(atHome.Contains(70, 70));
+  EXPECT_LT(atHome.width, 12);
+  DragCentre(lens, {60, 30});
+  EXPECT_TRUE(marker().Contains(130, 100));
+}
+
+TEST_F(AnnMagnifyTest, DominantColourIsThatOfTheBorder) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  EXPECT_EQ(lens.GetDominantColor(), *wxBLACK);
+  Look().SetBorderType(AnnMagnifyProperties::ShapeOnly);
+  Look().SetBorderColor(*wxBLUE);
+  lens.UpdateProperties();
+  EXPECT_EQ(lens.GetDominantColor(), *wxBLUE);
+}
+
+/// A lens from (20, 20) to (60, 60) whose source is shown 100 to the right and 60 below. The middle
+/// pixel of the source area is (139, 99), the centre of the lens (140, 100) in it: what is shown is
+/// centred on (139.5, 99.5), and its outline reaches from (129.5, 89.5) to (149.5, 109.5).
+class AnnMagnifyLines : public AnnMagnifyTest {
+protected:
+  wxImage PaintWith(AnnMagnifyProperties::BorderType type, AnnShapeProperties::Shape shape,
+                    wxPoint2DInt const &shift = {100, 60}, int thickness = 2) {
+    Look().SetBorderType(type);
+    Look().SetShape(shape);
+    Look().SetBorderColor(*wxRED);
+    Look().SetThickness(thickness);
+    AnnMagnify lens = Lens({20, 20}, {60, 60});
+    if (!(shift == wxPoint2DInt())) DragCentre(lens, shift);
+    return Paint(lens);
+  }
+  static bool IsRedAt(wxImage const &image, double x, double y) {
+    pixels::Rgb const c = pixels::ColourAt(image, static_cast<int>(x), static_cast<int>(y));
+    return c.red > 200 && c.green < 120 && c.blue < 120;
+  }
+  /// Which corners are joined, as the line between their border's middles is red half way.
+  static std::string JoinedCorners(wxImage const &image) {
+    // Thickness 2: the middle of the border lies 1 inside the corner.
+    double const lens[4][2] = {{21, 21}, {59, 21}, {59, 59}, {21, 59}};
+    double const source[4][2] = {{131, 91}, {149, 91}, {149, 109}, {131, 109}};
+    std::string joined;
+    for (int i = 0; i < 4; ++i) {
+      // Beside the lens and the source: at 0.7 of the way.
+      double const x = lens[i][0] + 0.7 * (source[i][0] - lens[i][0]);
+      double const y = lens[i][1] + 0.7 * (source[i][1] - lens[i][1]);
+      if (IsRedAt(image, x, y)) joined += static_cast<char>('0' + i);
+    }
+    return joined;
+  }
+};
+
+TEST_F(AnnMagnifyLines, SourceOfADraggedCentreIsOutlined) {
+  wxImage const painted =
+      PaintWith(AnnMagnifyProperties::PointToZoomedArea4Lines, AnnShapeProperties::Rectangle);
+  EXPECT_TRUE(IsRedAt(painted, 139, 90));
+  EXPECT_TRUE(IsRedAt(painted, 130, 99));
+  EXPECT_FALSE(IsRedAt(painted, 139, 99));
+}
+
+TEST_F(AnnMagnifyLines, BorderTypesJoinTwoThreeAndFourCorners) {
+  auto const joined = [&](AnnMagnifyProperties::BorderType type) {
+    return JoinedCorners(PaintWith(type, AnnShapeProperties::Rectangle));
+  };
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea4Lines), "0123");
+  // The line from the top left corner ends at the source's near corner from outside; the one of the
+  // bottom right corner runs through the source.
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea3Lines), "013");
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea2Lines), "13");
+  EXPECT_EQ(joined(AnnMagnifyProperties::ShapeOnly), "");
+}
+
+TEST_F(AnnMagnifyLines, ShapeOnlyShowsNoSource) {
+  wxImage const painted = PaintWith(AnnMagnifyProperties::ShapeOnly, AnnShapeProperties::Rectangle);
+  EXPECT_TRUE(pixels::AreaHas(painted, wxRect(62, 62, 138, 98), pixels::kWhite));
+}
+
+TEST_F(AnnMagnifyLines, DefaultPositionHasNoLines) {
+  for (int const type : {2, 3, 4}) {
+    wxImage const painted = PaintWith(static_cast<AnnMagnifyProperties::BorderType>(type),
+                                      AnnShapeProperties::Rectangle, {0, 0});
+    EXPECT_LE(pixels::BoundsOfPaint(painted).width, 43);
+    EXPECT_EQ(pixels::CountWhere(painted.GetSubImage(wxRect(24, 24, 32, 32)),
+                                 [](pixels::Rgb const &c) { return c == pixels::kRed; }),
+              0);
+  }
+}
+
+TEST_F(AnnMagnifyLines, SmallSourceIsPaintedSolid) {
+  // Half the source's side is 10.
+  wxImage const hollow = PaintWith(AnnMagnifyProperties::PointToZoomedArea3Lines,
+                                   AnnShapeProperties::Rectangle, {100, 60}, 9);
+  EXPECT_FALSE(IsRedAt(hollow, 139, 99));
+  for (auto const shape : {AnnShapeProperties::Rectangle, AnnShapeProperties::Ellipse}) {
+    EXPECT_TRUE(IsRedAt(
+        PaintWith(AnnMagnifyProperties::PointToZoomedArea3Lines, shape, {100, 60}, 10), 139, 99));
+  }
+}
+
+TEST_F(AnnMagnifyLines, EllipseJoinsTheMiddlesOfItsSides) {
+  // Counted along a line across all of them, half way between lens and source.
+  auto const lines = [&](AnnMagnifyProperties::BorderType type) {
+    wxImage const painted = PaintWith(type, AnnShapeProperties::Ellipse);
+    int crossings = 0;
+    bool wasRed = false;
+    for (int i = 0; i < 120; ++i) {
+      bool const isRed = IsRedAt(painted, 140 - i, 30 + i);
+      if (isRed && !wasRed) ++crossings;
+      wasRed = isRed;
+    }
+    return crossings;
+  };
+  // The middles of the sides seen from the source: right, bottom, and, towards the lens, top, left.
+  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea4Lines), 4);
+  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea3Lines), 2);
+  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea2Lines), 2);
+  EXPECT_EQ(lines(AnnMagnifyProperties::ShapeOnly), 0);
+}
+
+TEST_F(AnnMagnifyLines, OutlineNearTheEdgeIsCentredOnWhatIsShown) {
+  // The source's centre is dragged to (196, 100): the area is clipped to columns 176 to 199 with
+  // 187 in its middle, and at zoom 2 the lens shows 187 + (196 - 187) / 2 = 191.5 in its centre.
+  wxImage const painted = PaintWith(AnnMagnifyProperties::PointToZoomedArea4Lines,
+                                    AnnShapeProperties::Rectangle, {156, 60});
+  EXPECT_TRUE(IsRedAt(painted, 182, 100));
+  EXPECT_FALSE(IsRedAt(painted, 187, 100));
+}
+
+class AnnMagnifyInAVideo : public AnnMagnifyTest {
+protected:
+  AnnMagnifyInAVideo() : AnnMagnifyTest(10) {}
+};
+
+TEST_F(AnnMagnifyInAVideo, EachFrameHasItsCentre) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.SetEndFrame(9);
+  GoTo(lens, 4);
+  DragCentre(lens, {60, 30});
+  EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(119, 89));
+  GoTo(lens, 2);
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(59, 59));
+  GoTo(lens, 4);
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(119, 89));
+  lens.OnObjectModified();
+  EXPECT_EQ(JsonToUtf8(lens.ToJSON().ItemAt("CoordinatesCenterPoint")),
+            R"([{"CenterPoint":[120.0,90.0],"Range":[4,4]}])");
+}
+
+TEST_F(AnnMagnifyInAVideo, FirstDragOfACentreStartsFromTheLens) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.SetEndFrame(9);
+  GoTo(lens, 8);
+  DragCentre(lens, {60, 30});
+  lens.OnObjectModified();
+  AnnMagnify restored = Restored(lens.ToJSON());
+  m_driver.GoToFrame(0);
+  ASSERT_TRUE(restored.IsAtCenterPoint({60, 60}));
+  restored.MoveFor({10, 0});
+  EXPECT_TRUE(restored.IsAtCenterPoint({70, 60}));
+}
+
+TEST_F(AnnMagnifyInAVideo, ResettingDropsTheCentresOfAllFrames) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.SetEndFrame(9);
+  for (int const frame : {1, 4}) {
+    GoTo(lens, frame);
+    DragCentre(lens, {10 * frame, 0});
+  }
+  lens.ResetCenterPosition();
+  GoTo(lens, 1);
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(59, 59));
+}
+
+TEST_F(AnnMagnifyInAVideo, RestoredLensThatStartsLaterHasNothingToShow) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  lens.SetEndFrame(5);
+  lens.SetStartFrame(3);
+  lens.OnObjectModified();
+  AnnMagnify restored = Restored(lens.ToJSON());
+  EXPECT_EQ(pixels::BoundsOfPaint(Paint(restored)), wxRect());
+  GoTo(restored, 3);
+  restored.ResizeOnZoom(8.0);
+  EXPECT_TRUE(At(RecordOf(restored).m_topLeft, 40, 40));
+  restored.UpdateSubImageAndSubBitmap(false);
+  EXPECT_FALSE(pixels::BoundsOfPaint(Paint(restored)).IsEmpty());
+}
+
+TEST_F(AnnMagnifyInAVideo, LongerVideoAndLaterFramesTakeTheCentre) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80}, 2);
+  GoTo(lens, 2);
+  DragCentre(lens, {20, 0});
+  // While the centre is held, it is what a running video copies.
+  lens.DuplicateLastCoordinates(3);
+  lens.DuplicateLastCoordinates(2);
+  lens.SetEndFrame(3);
+  GoTo(lens, 3);
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(79, 59));
+}
+
+}  // namespace
+
+}  // namespace framenote::test
