@@ -9,6 +9,7 @@
 
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_tool.h"
+#include "modes/ann_image_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "talbase/json_text.h"
 
@@ -30,16 +31,9 @@ public:
     m_scale = std::min(std::max(m_scale * factor, 0.1), 16.0);
     Refresh();
   }
-  /// By picture pixels. The offset stays whole, so that the picture and the annotations agree.
-  void ScrollBy(int x, int y) {
-    m_offset.x = std::min(0, std::max(m_offset.x - x, -m_picture.GetWidth()));
-    m_offset.y = std::min(0, std::max(m_offset.y - y, -m_picture.GetHeight()));
-    Refresh();
-  }
 
 private:
-  // The graphics-context painter paints on the window itself, so the picture must be there before:
-  // a plain paint DC, not a buffered one.
+  // The tool paints on the window itself, over the picture: a plain paint DC, not a buffered one.
   void OnPaint(wxPaintEvent &) {
     wxPaintDC dc(this);
     dc.SetBackground(*wxGREY_BRUSH);
@@ -66,7 +60,9 @@ private:
   void OnWheel(wxMouseEvent &event) {
     int const step = event.GetWheelRotation() > 0 ? -40 : 40;
     if (event.ControlDown()) return ZoomBy(step < 0 ? 1.25 : 0.8);
-    ScrollBy(event.ShiftDown() ? step : 0, event.ShiftDown() ? 0 : step);
+    int &offset = event.ShiftDown() ? m_offset.x : m_offset.y;
+    offset = std::min(0, offset - step);  // by whole picture pixels, as the picture is painted
+    Refresh();
   }
 
   wxBitmap m_picture;
@@ -81,8 +77,7 @@ public:
       : wxFrame(nullptr, wxID_ANY, "Framenote", wxDefaultPosition, wxSize(1000, 760)),
         m_document(document),
         m_tool(std::make_shared<AnnotationTool>(
-            AnnotationToolConfig(false, false, true, true, false, {}))),
-        m_canvas(new Canvas(this, picture, m_tool)) {  // owned by this frame
+            AnnotationToolConfig(false, false, true, true, false, {}))) {
     m_tool->InitGui(this, this, m_tool);
     m_tool->SetImage(picture, true);
     wxString text;
@@ -90,17 +85,17 @@ public:
       m_tool->FromJSON(JsonFromText(text), 1);
     m_tool->UpdateMediaInfo({0, 1, false});  // the first frame of one: a still picture
     m_tool->UpdateTextMacrosMap({{"%FILE%", wxFileName(name).GetFullName()}});
-    m_canvas->ZoomBy(zoom);
-    auto *const menu = new wxMenu;  // owned by the menu bar
+    (new Canvas(this, picture, m_tool))->ZoomBy(zoom);  // owned by this frame
+    auto *const menu = new wxMenu;                      // owned by the menu bar
     Add(*menu, "Select\tF1", [this] { m_tool->Deactivate(); });
     Add(*menu, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
     Add(*menu, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
     Add(*menu, "Arrow\tF4", [this] { m_tool->SetActiveTool(Types::Arrow); });
     Add(*menu, "Pencil\tF5", [this] { m_tool->SetActiveTool(Types::Pencil); });
     Add(*menu, "Text\tF6", [this] { m_tool->SetActiveTool(Types::Text); });
-    Add(*menu, "File name\tF7", [this] { m_tool->AddTextMacro("%FILE%"); });
-    Add(*menu, "Zoom in\tF8", [this] { m_canvas->ZoomBy(2.0); });
-    Add(*menu, "Zoom out\tF9", [this] { m_canvas->ZoomBy(0.5); });
+    Add(*menu, "Hide\tF8", [this] { m_tool->SetActiveTool(Types::Hide); });
+    Add(*menu, "Magnify\tF9", [this] { m_tool->SetActiveTool(Types::Magnify); });
+    Add(*menu, "Picture...\tCtrl+P", [this] { ChoosePicture(); });
     Add(*menu, "Save\tCtrl+S", [this] { Save(); });
     SetMenuBar(new wxMenuBar);  // owned by this frame
     GetMenuBar()->Append(menu, "Annotate");
@@ -110,15 +105,20 @@ public:
 private:
   template <class Action>
   void Add(wxMenu &menu, wxString const &label, Action action) {
-    int const id = menu.Append(wxID_ANY, label)->GetId();
-    menu.Bind(
-        wxEVT_MENU, [action](wxCommandEvent &) { action(); }, id);
+    auto const run = [action](wxCommandEvent &) { action(); };
+    menu.Bind(wxEVT_MENU, run, menu.Append(wxID_ANY, label)->GetId());
   }
 
   void Draw(AnnShapeProperties::Shape shape) {
-    m_tool->Deactivate();
     m_tool->GetToolModes().shape->m_properties->SetShape(shape);
     m_tool->SetActiveTool(Types::Shape);
+  }
+
+  void ChoosePicture() {
+    wxString const path = wxLoadFileSelector("picture", wxString(), wxString(), this);
+    m_tool->GetToolModes().image->m_properties->SetFileName(path);
+    m_tool->GetToolModes().image->SetPicture(path);
+    m_tool->SetActiveTool(Types::Image);
   }
 
   void Save() {
@@ -131,18 +131,18 @@ private:
 
   wxString m_document;
   std::shared_ptr<AnnotationTool> m_tool;
-  Canvas *m_canvas;
 };
 
 class App : public wxApp {
 public:
   bool OnInit() override {
     wxInitAllImageHandlers();
+    wxImage::SetDefaultLoadFlags(0);  // no message box about a picture's colour profile
     wxImage const picture(argc > 1 ? argv[1] : wxString());
     if (!picture.IsOk()) return false;
     wxString const document = argc > 2 ? argv[2] : wxString("annotations.json");
-    double const zoom = argc > 3 ? wxAtoi(argv[3]) / 100.0 : 1.0;
-    return (new Frame(argv[1], picture, document, zoom))->Show();  // owned by itself
+    int const zoom = argc > 3 ? wxAtoi(argv[3]) : 100;
+    return (new Frame(argv[1], picture, document, zoom / 100.0))->Show();  // owned by itself
   }
 };
 
