@@ -23,7 +23,6 @@
 #include "modes/tool_modes.h"
 #include "talbase/json_value.h"
 
-class AnnHide;
 class AnnotationPanel;
 class IAnnotationObject;
 class IAnnPainter;
@@ -174,6 +173,18 @@ public:
   /// selected text box, or in a new box at the bottom of the picture.
   void AddTextMacro(wxString const &text);
 
+  // --- For the host: the context menu ---
+
+  /// Opens the menu of a right click on the window last painted on, with the items for the selected
+  /// object or, with `onObject` false, "Paste" alone. Returns when it is closed.
+  void popupRightClickMenu(bool onObject);
+  /// The same for what lies under the pointer; an object there that has the focus is selected.
+  void popupRightClickMenuOnSelected();
+  /// Does what the item with the event's identifier does, an AnnotationCommand: for the menu, and
+  /// for hosts that offer the commands elsewhere. Without a selection only those for which it makes
+  /// sense do anything; the clipboard is the tool's own.
+  void onPopupClick(wxCommandEvent &event);
+
   // --- For the modes, the panel and the objects ---
 
   /// Posts AnnotationObjectSelectedEvent.
@@ -220,6 +231,16 @@ private:
   bool deleteSelectedIfWouldDisappear();
   void onObjectsModified();
 
+  // The context menu
+  void onCharHook(wxKeyEvent &event);
+  void runOnSelected(AnnotationCommand command);
+  void onMenuPaste();
+  void onMenuDelete();
+  void onMenuGoToRange(bool toEnd);
+  void swapSelectedWith(Iterator neighbour);
+  void onOrderChanged();
+  void deselectAfterRangeChange();
+
   // Painting
   void setDrawOn(wxWindow *window);
   std::unique_ptr<IAnnPainter> beginPass(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset,
@@ -237,7 +258,6 @@ private:
   void takePicture(wxImage const &image);
   void refreshBitmaps(bool wholePictures);
   void refreshStaleRegions();
-  void hideWholePictures(std::vector<AnnHide *> const &regions);
   bool isShown(IAnnotationObject const &object) const;
   void goToFrameOfObjects(std::int64_t frame);
   void calculateAnnotationArea();

@@ -30,6 +30,26 @@ enum class ToolState : int {
   Editing = 9           ///< the in-place text control is open
 };
 
+/// What the context menu offers: the identifiers of its items, in the numbering of the interface.
+enum class AnnotationCommand : int {
+  Copy = 49,
+  Paste = 50,
+  Delete = 51,
+  BringToFront = 52,
+  BringForward = 53,
+  SendToBack = 54,
+  SendBackward = 55,
+  ResetToOriginal = 56,  ///< a pasted picture's own size, upright and unmirrored
+  FitToImage = 57,       ///< a pasted picture as large as the annotated one
+  DefaultZoomPosition = 58,
+  SetOnlyForThisFrame = 59,
+  SetFromThisFrame = 60,
+  SetUntilThisFrame = 61,
+  SetForAllFrames = 62,
+  GoToFirstFrame = 63,
+  GoToLastFrame = 64
+};
+
 /// Which way AnnotationTool::GoToObject looks.
 enum class GoToObjectDirection : int { Previous = 0, Next = 1 };
 

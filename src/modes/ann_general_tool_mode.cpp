@@ -15,5 +15,5 @@ void AnnGeneralToolMode::OnMouseDrawing(wxMouseEvent const &) {}
 void AnnGeneralToolMode::OnMouseResizing(wxMouseEvent const &) {}
 
 void AnnGeneralToolMode::OnMouseDefault(wxMouseEvent const &event) {
-  if (event.GetEventType() == wxEVT_MOTION) m_tool->moveMouseDefault();
+  if (event.GetEventType() != wxEVT_LEFT_DOWN) IAnnotationToolMode::OnMouseDefault(event);
 }

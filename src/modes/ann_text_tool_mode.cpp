@@ -211,6 +211,8 @@ void AnnTextToolMode::OnMouseSelected(wxMouseEvent const &event) {
       m_tool->changeFocusedToEnd();
       m_tool->setNextStateOnSelected();
     }
+  } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
+    m_tool->popupRightClickMenuOnSelected();
   }
 }
 
@@ -248,7 +250,9 @@ void AnnTextToolMode::OnMouseEditing(wxMouseEvent const &event) {
   } else if (event.GetEventType() == wxEVT_MOTION) {
     moveWhileEditing(*text);
   } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
-    if (!text->IsOverText(m_tool->m_mousePosition, m_tool->m_cursor)) stopEditing(*text);
+    if (text->IsOverText(m_tool->m_mousePosition, m_tool->m_cursor)) return;
+    stopEditing(*text);
+    m_tool->popupRightClickMenuOnSelected();
   }
 }
 

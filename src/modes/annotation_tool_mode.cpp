@@ -33,10 +33,16 @@ void IAnnotationToolMode::OnMouseDefault(wxMouseEvent const &event) {
     m_tool->startDrawingObject();
   } else if (event.GetEventType() == wxEVT_MOTION) {
     m_tool->moveMouseDefault();
+  } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
+    m_tool->popupRightClickMenu(false);
   }
 }
 
 void IAnnotationToolMode::OnMouseSelected(wxMouseEvent const &event) {
+  if (event.GetEventType() == wxEVT_RIGHT_UP) {
+    m_tool->popupRightClickMenuOnSelected();
+    return;
+  }
   if (event.GetEventType() == wxEVT_MOTION) {
     m_tool->changeFocusedToEnd();
     m_tool->setNextStateOnSelected();
@@ -84,6 +90,7 @@ void IAnnotationToolMode::OnMouseOverObject(wxMouseEvent const &event) {
     m_tool->leaveObject();
   } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
     m_tool->selectObject(false);
+    m_tool->popupRightClickMenu(true);
   }
 }
 
@@ -107,6 +114,8 @@ void IAnnotationToolMode::OnMouseAtResizePoint(wxMouseEvent const &event) {
     // leaveObject may change the state, so it comes first.
     m_tool->leaveObject();
     m_tool->m_state = ToolState::Selected;
+  } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
+    m_tool->popupRightClickMenu(true);
   }
 }
 

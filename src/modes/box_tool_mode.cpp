@@ -129,6 +129,8 @@ void BoxToolMode::OnMouseAtRotationPoint(wxMouseEvent const &event) {
              !selectedObject()->IsAtRotationPoint(m_tool->m_mousePosition)) {
     m_tool->leaveObject();
     m_tool->m_state = ToolState::Selected;
+  } else if (event.GetEventType() == wxEVT_RIGHT_UP) {
+    m_tool->popupRightClickMenuOnSelected();
   }
 }
 

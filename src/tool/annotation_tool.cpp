@@ -190,7 +190,9 @@ wxStockCursor AnnotationTool::ProcessMouseEvent(wxPoint const &position, wxMouse
   m_scale = scale;
   m_offset = offset;
   if (!m_activeTool || !m_visible || !m_mouseEnabled) return m_cursor;
-  // An event may make another mode active; the one that handles it must live until it returns.
+  // An event may make another mode active, and a menu runs events of its own: what handles the
+  // event must live until it returns.
+  std::shared_ptr<AnnotationTool> const self = weak_from_this().lock();
   std::shared_ptr<IAnnotationToolMode> const mode = m_activeTool;
   switch (m_state) {
     case ToolState::Default:

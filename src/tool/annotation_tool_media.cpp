@@ -27,6 +27,18 @@ void MirrorInPlace(wxImage const &image) {
   cv::flip(pixels, pixels, 1);
 }
 
+/// The regions of one strength share the work on the whole picture, so one of them does it.
+void HideWholePictures(std::vector<AnnHide *> const &regions) {
+  std::map<int, AnnHide *> ofStrength;
+  for (AnnHide *region : regions)
+    ofStrength.emplace(region->HideProperties().GetStrength(), region);
+  std::vector<std::function<void()>> tasks;
+  for (auto const &[strength, region] : ofStrength) {
+    tasks.emplace_back([region = region] { region->HideWholeImageAndStoreAsBitmap(); });
+  }
+  framenote::RunTasks(tasks);
+}
+
 }  // namespace
 
 void AnnotationTool::SetImage(wxImage const &image, bool refreshCaches) {
@@ -58,7 +70,7 @@ void AnnotationTool::refreshBitmaps(bool wholePictures) {
     }
   }
   if (wholePictures || m_state == ToolState::Drawing) m_toolModes.hide->RefreshPreview();
-  if (wholePictures) hideWholePictures(regions);
+  if (wholePictures) HideWholePictures(regions);
   std::vector<std::function<void()>> tasks;
   for (AnnHide *region : regions) {
     tasks.emplace_back([region, wholePictures] {
@@ -69,18 +81,6 @@ void AnnotationTool::refreshBitmaps(bool wholePictures) {
   }
   for (AnnMagnify *lens : lenses) {
     tasks.emplace_back([lens] { lens->UpdateSubImageAndSubBitmap(false); });
-  }
-  framenote::RunTasks(tasks);
-}
-
-// The regions of one strength share the work on the whole picture, so one of them does it.
-void AnnotationTool::hideWholePictures(std::vector<AnnHide *> const &regions) {
-  std::map<int, AnnHide *> ofStrength;
-  for (AnnHide *region : regions)
-    ofStrength.emplace(region->HideProperties().GetStrength(), region);
-  std::vector<std::function<void()>> tasks;
-  for (auto const &[strength, region] : ofStrength) {
-    tasks.emplace_back([region = region] { region->HideWholeImageAndStoreAsBitmap(); });
   }
   framenote::RunTasks(tasks);
 }

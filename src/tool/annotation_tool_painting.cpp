@@ -10,7 +10,11 @@
 #include "painters/ann_painter.h"
 
 void AnnotationTool::setDrawOn(wxWindow *window) {
+  if (window == m_drawOn) return;
   m_drawOn = window;
+  // It ends with the tool. A window that comes back is bound twice, which does no harm: there is
+  // nothing left to delete.
+  if (window != nullptr) window->Bind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
 }
 
 // What is hidden must not be seen for a moment, in whatever order a host sets picture and position.

@@ -8,6 +8,7 @@
 
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/text_canvas_fixture.h"
+#include "support/keys_in_menu.h"
 
 namespace framenote::test {
 
@@ -102,6 +103,8 @@ TEST_F(TextMode, PressOnNothingEndsEditingAndDraws) {
 TEST_F(TextMode, RightReleaseBesideTheTextEndsEditing) {
   m_driver.RightRelease(140, 60);
   EXPECT_EQ(m_driver.State(), ToolState::Editing);
+  // The menu opens then.
+  KeysInMenu const closed({WXK_ESCAPE}, m_mouse);
   m_driver.RightRelease(70, 30);
   EXPECT_EQ(m_driver.State(), ToolState::Selected);
   EXPECT_EQ(Finished(), 1U);

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include <wx/timer.h>
+#include <wx/uiaction.h>
+
+namespace framenote::test {
+
+/// Presses keys while a menu is open, one at a time; the toolkit's own loop runs then.
+class KeysInMenu : public wxTimer {
+public:
+  KeysInMenu(std::vector<int> keys, wxUIActionSimulator &simulator)
+      : m_keys(std::move(keys)), m_simulator(simulator) {
+    Start(150);
+  }
+
+  void Notify() override {
+    if (m_next == m_keys.size()) {
+      Stop();
+    } else {
+      m_simulator.Char(m_keys[m_next++]);
+    }
+  }
+
+private:
+  std::vector<int> m_keys;
+  wxUIActionSimulator &m_simulator;
+  std::size_t m_next = 0;
+};
+
+}  // namespace framenote::test
