@@ -8,8 +8,8 @@
 #include <wx/wx.h>
 
 #include "framenote/annotation_events.h"
+#include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
-#include "modes/ann_image_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "talbase/json_text.h"
 
@@ -78,15 +78,20 @@ public:
         m_document(document),
         m_tool(std::make_shared<AnnotationTool>(
             AnnotationToolConfig(false, false, true, true, false, {}))) {
-    m_tool->InitGui(this, this, m_tool);
+    AnnotationPanel *const panel = m_tool->InitGui(this, this, m_tool);
     m_tool->SetImage(picture, true);
     wxString text;
     if (wxFileExists(document) && wxFFile(document).ReadAll(&text))
       m_tool->FromJSON(JsonFromText(text), 1);
     m_tool->UpdateMediaInfo({0, 1, false});  // the first frame of one: a still picture
     m_tool->UpdateTextMacrosMap({{"%FILE%", wxFileName(name).GetFullName()}});
-    (new Canvas(this, picture, m_tool))->ZoomBy(zoom);  // owned by this frame
-    auto *const menu = new wxMenu;                      // owned by the menu bar
+    auto *const canvas = new Canvas(this, picture, m_tool);  // owned by this frame
+    canvas->ZoomBy(zoom);
+    auto *const sizer = new wxBoxSizer(wxHORIZONTAL);  // owned by this frame
+    sizer->Add(canvas, 1, wxEXPAND);
+    sizer->Add(panel, 0, wxEXPAND);
+    SetSizer(sizer);
+    auto *const menu = new wxMenu;  // owned by the menu bar
     Add(*menu, "Select\tF1", [this] { m_tool->Deactivate(); });
     Add(*menu, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
     Add(*menu, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
@@ -95,7 +100,6 @@ public:
     Add(*menu, "Text\tF6", [this] { m_tool->SetActiveTool(Types::Text); });
     Add(*menu, "Hide\tF8", [this] { m_tool->SetActiveTool(Types::Hide); });
     Add(*menu, "Magnify\tF9", [this] { m_tool->SetActiveTool(Types::Magnify); });
-    Add(*menu, "Picture...\tCtrl+P", [this] { ChoosePicture(); });
     Add(*menu, "Save\tCtrl+S", [this] { Save(); });
     SetMenuBar(new wxMenuBar);  // owned by this frame
     GetMenuBar()->Append(menu, "Annotate");
@@ -112,13 +116,6 @@ private:
   void Draw(AnnShapeProperties::Shape shape) {
     m_tool->GetToolModes().shape->m_properties->SetShape(shape);
     m_tool->SetActiveTool(Types::Shape);
-  }
-
-  void ChoosePicture() {
-    wxString const path = wxLoadFileSelector("picture", wxString(), wxString(), this);
-    m_tool->GetToolModes().image->m_properties->SetFileName(path);
-    m_tool->GetToolModes().image->SetPicture(path);
-    m_tool->SetActiveTool(Types::Image);
   }
 
   void Save() {

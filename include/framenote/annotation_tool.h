@@ -53,10 +53,11 @@ public:
 
   // --- For the host: life and looks ---
 
-  /// Records the handler that receives the events; none is raised before. `self` owns this tool;
-  /// if it is null, the tool's own shared pointer is taken.
+  /// Makes the palette panel on `parent`, and records the handler that receives the events; none is
+  /// raised before. `self` owns this tool; if it is null, the tool's own shared pointer is taken.
+  /// Without a parent there is no panel, and the result is null.
   /// Throws std::bad_weak_ptr if no std::shared_ptr holds the tool and `self` is null; the tool
-  /// stays usable. The result is the palette panel, which this version does not have: null.
+  /// stays usable.
   AnnotationPanel *InitGui(wxWindow *parent, wxEvtHandler *sink,
                            std::shared_ptr<AnnotationTool> self);
   /// Forgets the panel. To be called before the panel is destroyed.
@@ -80,14 +81,11 @@ public:
   bool IsVisible() const;
   bool IsIdle() const;
   bool IsDefaultState() const;
-  /// Whether some object is present in `frame`.
-  bool HasAnnotation(int frame) const;
+  bool HasAnnotation(int frame) const;  ///< whether some object is present in `frame`
   AnnotationToolConfig const &GetConfig() const;
-  /// The objects, top of the z-order first.
-  ObjectList const &AnnotationObjects() const;
+  ObjectList const &AnnotationObjects() const;  ///< top of the z-order first
   ToolState GetState() const;
-  /// The selected object, or null.
-  IAnnotationObject *GetSelectedObject() const;
+  IAnnotationObject *GetSelectedObject() const;  ///< or null
 
   // --- For the host: mouse and painting ---
 
@@ -175,18 +173,22 @@ public:
 
   // --- For the host: the context menu ---
 
-  /// Opens the menu of a right click on the window last painted on, with the items for the selected
-  /// object or, with `onObject` false, "Paste" alone. Returns when it is closed.
+  /// Opens the menu for the selected object on the window last painted on, or, with `onObject`
+  /// false, one with "Paste" alone. Returns when it is closed.
   void popupRightClickMenu(bool onObject);
   /// The same for what lies under the pointer; an object there that has the focus is selected.
   void popupRightClickMenuOnSelected();
-  /// Does what the item with the event's identifier does, an AnnotationCommand: for the menu, and
-  /// for hosts that offer the commands elsewhere. Without a selection only those for which it makes
-  /// sense do anything; the clipboard is the tool's own.
+  /// Does what the item with the event's identifier does, an AnnotationCommand; also for hosts that
+  /// offer the commands elsewhere. Copies go to a clipboard of the tool's own.
   void onPopupClick(wxCommandEvent &event);
 
   // --- For the modes, the panel and the objects ---
 
+  /// What the panel does if there is one: shows the tool and the properties of a selected object;
+  /// shows properties that have changed; asks for a picture that a drag was tried without.
+  void UpdatePanelOnObjectSelected(Types mode);
+  void UpdatePanelControls(Types mode);
+  void OnAnnImageNotSet();
   /// Posts AnnotationObjectSelectedEvent.
   void OnObjectSelected(bool isNew);
   void SendAnnotationFrameRangeChangedEvent();
@@ -208,6 +210,7 @@ private:
   using Iterator = ObjectList::iterator;
 
   // Construction and life
+  AnnotationPanel *panel() const;
   void setDefaults();
   void destroyAllObjects();
   void enterDefaultState();
@@ -266,11 +269,10 @@ private:
   void growSelectedRangeTo(std::int64_t frame);
   void onSelectedRangeChanged();
   void rewindSelection();
-  void sendGoToFrameEvent(std::int64_t frame);
   void post(wxEvent const &event);
 
   wxEvtHandler *m_eventSink = nullptr;  // not owned
-  AnnotationPanel *m_panel = nullptr;   // owned by its parent window
+  wxWeakRef<wxWindow> m_panel;          // owned by its parent window
   wxColour m_defaultExtensionColor;
   AnnotationToolConfig m_config;
   std::unordered_map<wxString, wxString> m_textMacros;

@@ -25,11 +25,16 @@ void AnnImageToolMode::SetPictureImage(wxImage const &image) {
   if (!image.IsOk()) {
     m_pictureBitmap = wxBitmap();
     m_properties->SetFileName(wxFileName());
+    m_tool->UpdatePanelControls(m_modeId);
     return;
   }
   m_picture = image;
   makePictureBitmap();
   m_aspectRatio = static_cast<double>(image.GetHeight()) / image.GetWidth();
+}
+
+void AnnImageToolMode::OnDrawingRefused() {
+  m_tool->OnAnnImageNotSet();
 }
 
 void AnnImageToolMode::UpdatePictureBitmap() {

@@ -18,6 +18,8 @@ public:
   AnnImageToolMode(Types modeId, AnnotationTool *tool);
 
   bool CanStartDrawing() const override { return HasPicture(); }
+  /// The panel asks for a picture; the next press starts the drag.
+  void OnDrawingRefused() override;
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;
   void OnMouseResizing(wxMouseEvent const &event) override;
 

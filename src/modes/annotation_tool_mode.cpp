@@ -24,6 +24,8 @@ bool IAnnotationToolMode::CanStartDrawing() const {
   return true;
 }
 
+void IAnnotationToolMode::OnDrawingRefused() {}
+
 void IAnnotationToolMode::startDrawing() {}
 
 void IAnnotationToolMode::DiscardDrawing() {}
@@ -134,6 +136,7 @@ double IAnnotationToolMode::GetToolScale() const {
 void IAnnotationToolMode::NotifyObjectSelected(bool isNew) {
   m_tool->OnObjectSelected(isNew);
   m_tool->SetActiveTool(m_modeId);
+  m_tool->UpdatePanelOnObjectSelected(m_modeId);
 }
 
 void IAnnotationToolMode::InsertPastedObject(std::unique_ptr<IAnnotationObject> object) {

@@ -38,6 +38,8 @@ public:
   virtual bool IsEditing() const;
   /// Whether a press may start a drag.
   virtual bool CanStartDrawing() const;
+  /// A press could start no drag.
+  virtual void OnDrawingRefused();
   /// A drag is about to start: brings what the preview needs up to date.
   virtual void startDrawing();
   /// Drops what a drag has produced so far, and closes an open editor. Called when a drag starts

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framenote/annotation_events.h"
+#include "framenote/annotation_panel.h"
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_general_tool_mode.h"
 #include "modes/ann_hide_tool_mode.h"
@@ -85,12 +86,36 @@ void AnnotationTool::enterDefaultState() {
   m_state = ToolState::Default;
 }
 
-AnnotationPanel *AnnotationTool::InitGui(wxWindow *, wxEvtHandler *sink,
+AnnotationPanel *AnnotationTool::InitGui(wxWindow *parent, wxEvtHandler *sink,
                                          std::shared_ptr<AnnotationTool> self) {
   if (!self) self = shared_from_this();
+  if (parent != nullptr) {
+    AnnotationPanelConfig const config(m_config.showZoomMethod, m_config.showHideAll,
+                                       m_config.extensionEnabled, &m_config.textMacros);
+    m_panel = new AnnotationPanel(parent, self, config);  // owned by `parent`
+  }
   // Stored last, so that events raised while the interface is being built reach nobody.
   m_eventSink = sink;
-  return m_panel;
+  return panel();
+}
+
+// Null once the panel is gone, or is going.
+AnnotationPanel *AnnotationTool::panel() const {
+  if (m_panel == nullptr || m_panel->IsBeingDeleted()) return nullptr;
+  return dynamic_cast<AnnotationPanel *>(m_panel.get());
+}
+
+void AnnotationTool::UpdatePanelOnObjectSelected(Types mode) {
+  UpdatePanelControls(mode);
+  if (panel() != nullptr) panel()->DoToolToggle(mode);
+}
+
+void AnnotationTool::UpdatePanelControls(Types mode) {
+  if (panel() != nullptr) panel()->UpdateControls(static_cast<int>(mode));
+}
+
+void AnnotationTool::OnAnnImageNotSet() {
+  if (panel() != nullptr) panel()->OnAnnImageNotSet();
 }
 
 void AnnotationTool::UnlinkGui() {
@@ -111,6 +136,7 @@ void AnnotationTool::Deactivate() {
 
 void AnnotationTool::DeactivateToolAndControls() {
   Deactivate();
+  if (panel() != nullptr) panel()->Deactivate();
 }
 
 void AnnotationTool::Reset(bool keepState) {
@@ -124,6 +150,7 @@ void AnnotationTool::EnableMouse(bool enable) {
 }
 
 void AnnotationTool::SetObjectsVisible(bool visible) {
+  if (panel() != nullptr) panel()->SetHideAllToggleValue(!visible);
   m_visible = visible;
   if (visible) {
     calculateAnnotationArea();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The document: how the annotations are stored, compared and restored.
 #include "framenote/annotation_events.h"
+#include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_arrow_tool_mode.h"
 #include "modes/ann_hide_tool_mode.h"
@@ -40,6 +41,7 @@ bool LeavesNoTrace(IAnnotationObject const &object) {
 }  // namespace
 
 void AnnotationTool::ToJSON(wxJSONValue &value) const {
+  if (panel() != nullptr) panel()->ToJSON(value);
   value.Set(kExtensionColorKey, ExtensionColorToJson(m_extensionColor));
   wxJSONValue objects(wxJSONTYPE_ARRAY);
   for (IAnnotationObject const *object : m_objects) objects.Append(object->ToJSON());
@@ -70,6 +72,10 @@ void AnnotationTool::FromJSON(wxJSONValue const &document, std::int64_t frameCou
     m_extensionColor = FromString<wxColour>(
         annotate.Get(kExtensionColorKey, wxJSONValue(ToString(m_defaultExtensionColor)))
             .AsString());
+  }
+  if (panel() != nullptr) {
+    panel()->FromJSON(annotate);
+    panel()->setExtensionColor();
   }
   if (!annotate.HasMember(kObjectsKey)) return;
   readObjects(annotate.ItemAt(kObjectsKey));

@@ -57,10 +57,6 @@ void AnnotationTool::SendAnnotationToolDeselectedEvent(wxToggleButton *button, T
   post(AnnotationToolDeselectedEvent(wxEVT_ANN_TOOL_DESELECTED, button, IdOf(button), mode));
 }
 
-void AnnotationTool::sendGoToFrameEvent(std::int64_t frame) {
-  post(AnnotationGoToFrameEvent(wxEVT_ANN_GOTO_FRAME, AnnotationGoToFrameEvent::ToStart, frame));
-}
-
 void AnnotationTool::GoToObject(GoToObjectDirection direction) {
   if (m_objects.empty() || m_startFrames.empty()) return;
   auto it = m_startFrames.lower_bound(m_mediaInfo.frameIndex);
@@ -71,5 +67,6 @@ void AnnotationTool::GoToObject(GoToObjectDirection direction) {
     if (it != m_startFrames.end() && *it == m_mediaInfo.frameIndex) ++it;
     if (it == m_startFrames.end()) return;
   }
-  if (m_mediaInfo.IsVideo()) sendGoToFrameEvent(*it);
+  if (!m_mediaInfo.IsVideo()) return;
+  post(AnnotationGoToFrameEvent(wxEVT_ANN_GOTO_FRAME, AnnotationGoToFrameEvent::ToStart, *it));
 }

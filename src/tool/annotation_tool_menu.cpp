@@ -117,7 +117,9 @@ void AnnotationTool::runOnSelected(AnnotationCommand command) {
       onOrderChanged();
       break;
     case AnnotationCommand::ResetToOriginal:
-      if (ResetToOriginal(**m_selected, *m_toolModes.image->m_properties)) onObjectsModified();
+      if (!ResetToOriginal(**m_selected, *m_toolModes.image->m_properties)) break;
+      UpdatePanelControls(Types::Image);
+      onObjectsModified();
       break;
     case AnnotationCommand::FitToImage:
       if (FitToImage(**m_selected, m_image)) onObjectsModified();

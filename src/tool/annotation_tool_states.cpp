@@ -100,7 +100,10 @@ void AnnotationTool::setNextStateOnSelected() {
 }
 
 void AnnotationTool::startDrawingObject() {
-  if (!m_activeTool->CanStartDrawing()) return;
+  if (!m_activeTool->CanStartDrawing()) {
+    m_activeTool->OnDrawingRefused();
+    return;
+  }
   m_activeTool->DiscardDrawing();
   m_activeTool->startDrawing();
   if (m_mediaInfo.IsVideo()) {

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// The image panel, and the choice of the picture to paste.
+#include <algorithm>
+#include <array>
+
+#include <wx/checkbox.h>
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/filepicker.h>
+#include <wx/odcombo.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/translation.h>
+
+#include "framenote/annotation_panel.h"
+#include "framenote/annotation_tool.h"
+#include "modes/ann_image_tool_mode.h"
+#include "panel/panel_layout.h"
+
+namespace {
+
+constexpr char const *kWildcard =
+    "Image files (*.bmp, *.jpg, *.jpeg, *.png, *.gif)|*.bmp;*.jpg;*.jpeg;*.png;*.gif|"
+    "BMP (*.bmp)|*.bmp|JPEG (*.jpg, *.jpeg)|*.jpg;*.jpeg|PNG (*.png)|*.png|GIF (*.gif)|*.gif";
+
+/// By the extension, in small letters.
+bool IsPictureName(wxFileName const &name) {
+  constexpr std::array<char const *, 5> kExtensions = {"bmp", "jpg", "jpeg", "png", "gif"};
+  return std::any_of(kExtensions.begin(), kExtensions.end(),
+                     [&](char const *extension) { return name.GetExt() == extension; });
+}
+
+}  // namespace
+
+wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
+  using framenote::kColumnGap;
+  using framenote::kRowGap;
+  auto const record = m_tool->GetToolModes().image->m_properties;
+  wxPanel *const panel = CreatePanel(this);
+  // One column, and no labels but one.
+  auto *const grid = new wxFlexGridSizer(3, 1, kRowGap, kColumnGap);  // owned by the panel
+  grid->AddGrowableCol(0, 0);
+  grid->SetFlexibleDirection(wxBOTH);
+  grid->SetNonFlexibleGrowMode(wxFLEX_GROWMODE_SPECIFIED);
+  Page const page = {Types::Image, panel, grid};
+  m_filePicker = CreateFilePicker(
+      panel, wxID_ANY, wxString(), wxFileSelectorPromptStr, kWildcard, wxDefaultPosition,
+      wxDefaultSize,
+      wxFLP_SMALL | wxFLP_CHANGE_DIR | wxFLP_FILE_MUST_EXIST | wxFLP_OPEN | wxFLP_USE_TEXTCTRL,
+      wxDefaultValidator, wxFilePickerCtrlNameStr);
+  m_filePicker->Bind(wxEVT_FILEPICKER_CHANGED, [this](wxFileDirPickerEvent &) {
+    wxFileName const name = m_filePicker->GetFileName();
+    if (name.FileExists() && IsPictureName(name)) choosePicture(name.GetFullPath());
+  });
+  onUpdate(page, [this, record] { m_filePicker->SetFileName(record->GetFileName()); });
+  wxCheckBox *const keep = makeCheck(
+      page, 32, wxTRANSLATE("Keep Aspect Ratio"), [record] { return record->GetKeepAspectRatio(); },
+      [record](bool value) { record->SetKeepAspectRatio(value); });
+  wxOwnerDrawnComboBox *const colours = makeChoice(
+      page, 33, {wxTRANSLATE("None"), wxTRANSLATE("White"), wxTRANSLATE("Black")},
+      [record] { return record->GetTransparentColor(); },
+      [record](int n) {
+        record->SetTransparentColor(static_cast<AnnImageProperties::TransparentColor>(n));
+      });
+  // After the record has it: handlers bound later run first.
+  colours->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent &event) {
+    CallAfter([this] { m_tool->GetToolModes().image->UpdatePictureBitmap(); });
+    event.Skip();
+  });
+  auto *const row = new wxBoxSizer(wxHORIZONTAL);  // owned by the grid
+  row->Add(CreateStaticText(panel, wxID_ANY, wxGetTranslation("Color Treated as Transparent"),
+                            wxDefaultPosition, wxDefaultSize, 0, wxStaticTextNameStr),
+           0, wxALIGN_CENTER_VERTICAL, 0);
+  row->AddSpacer(kColumnGap);
+  row->Add(colours, 0, 0, 0);
+  grid->Add(m_filePicker, 0, wxEXPAND, 0);
+  grid->Add(keep, 0, 0, 0);
+  grid->Add(row, 0, 0, 0);
+  return finishPage(page);
+}
+
+void AnnotationPanel::choosePicture(wxString const &path) {
+  AnnImageToolMode &mode = *m_tool->GetToolModes().image;
+  mode.m_properties->SetFileName(wxFileName(path));
+  mode.ApplyProperties();
+  mode.SetPicture(path);
+}
+
+void AnnotationPanel::OnAnnImageNotSet() {
+  wxFileDialog dialog(this, wxFileSelectorPromptStr, wxString(), wxString(), kWildcard,
+                      wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_CHANGE_DIR);
+  dialog.CentreOnParent();
+  if (dialog.ShowModal() != wxID_OK) return;
+  m_filePicker->SetPath(dialog.GetPath());
+  choosePicture(m_filePicker->GetFileName().GetFullPath());
+}

@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+// Every property control, both ways: to the record, the selected object, the next object and the
+// document, and back from an object that is selected.
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include <wx/checkbox.h>
+#include <wx/clrpicker.h>
+#include <wx/filepicker.h>
+#include <wx/fontpicker.h>
+#include <wx/odcombo.h>
+#include <wx/slider.h>
+#include <wx/textctrl.h>
+
+#include <gtest/gtest.h>
+
+#include "modes/ann_hide_tool_mode.h"
+#include "modes/ann_image_tool_mode.h"
+#include "modes/ann_magnify_tool_mode.h"
+#include "modes/ann_shape_tool_mode.h"
+#include "modes/ann_text_tool_mode.h"
+#include "objects/ann_text.h"
+#include "panel/panel_fixture.h"
+#include "support/test_pictures.h"
+#include "talbase/json_text.h"
+
+namespace framenote::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A control, what the test sets it to, and how the document shows that.
+struct Control {
+  int id;
+  Types type;
+  char kind;         ///< 'l'ist, 'c'olour, 'x' check, 's'lider, 't'oggle
+  int value;         ///< index, position, or whether it is set
+  char const *text;  ///< in the "Properties" of the object then
+};
+
+// Colours are set to blue-green. Those with a transparent check keep their alpha.
+Control const kControls[] = {{10, Types::Shape, 'l', 1, R"("Shape":1)"},
+                             {11, Types::Shape, 'c', 0, R"("BorderColor":"#00A0B0FF")"},
+                             {12, Types::Shape, 'x', 1, R"("BorderColorTransparent":true)"},
+                             {13, Types::Shape, 'c', 0, R"("FillColor":"#00A0B0FF")"},
+                             {14, Types::Shape, 'x', 0, R"("FillColorTransparent":false)"},
+                             {15, Types::Shape, 's', 12, R"("Thickness":12)"},
+                             {16, Types::Arrow, 'l', 1, R"("Head":1)"},
+                             {17, Types::Arrow, 'c', 0, R"("Color":"#00A0B0FF")"},
+                             {18, Types::Arrow, 's', 12, R"("Thickness":12)"},
+                             {19, Types::Pencil, 'c', 0, R"("Color":"#00A0B0FF")"},
+                             {20, Types::Pencil, 's', 12, R"("Thickness":12)"},
+                             {22, Types::Text, 't', 1, ";700;0;0;"},
+                             {23, Types::Text, 't', 1, ";italic;"},
+                             {24, Types::Text, 't', 1, ";1;0;"},
+                             {26, Types::Text, 'c', 0, R"("FontColor":"#00A0B0FF")"},
+                             {27, Types::Text, 'l', 2, R"("HorizontalAlignment":2)"},
+                             {28, Types::Text, 'l', 2, R"("VerticalAlignment":2)"},
+                             {29, Types::Text, 'c', 0, R"("BackgroundColor":"#00A0B0FF")"},
+                             {30, Types::Text, 'x', 0, R"("BackgroundColorTransparent":false)"},
+                             {32, Types::Image, 'x', 0, R"("KeepAspectRatio":false)"},
+                             {33, Types::Image, 'l', 2, R"("TransparentColor":2)"},
+                             {34, Types::Hide, 'l', 0, R"("Effect":0)"},
+                             {35, Types::Hide, 's', 12, R"("Strength":12)"},
+                             {36, Types::Hide, 'l', 0, R"("Shape":0)"},
+                             {37, Types::Hide, 'c', 0, R"("BorderColor":"#00A0B0FF")"},
+                             {38, Types::Hide, 'x', 0, R"("BorderColorTransparent":false)"},
+                             {39, Types::Hide, 's', 12, R"("Thickness":12)"},
+                             {40, Types::Magnify, 's', 6, R"("Zoom":3.0)"},
+                             {41, Types::Magnify, 'x', 0, R"("FixedSourceSize":false)"},
+                             {42, Types::Magnify, 'l', 2, R"("ZoomMethod":2)"},
+                             {43, Types::Magnify, 'l', 1, R"("Shape":1)"},
+                             {44, Types::Magnify, 'c', 0, R"("BorderColor":"#00A0B0FF")"},
+                             {45, Types::Magnify, 'l', 4, R"("BorderType":4)"},
+                             {46, Types::Magnify, 's', 12, R"("Thickness":12)"}};
+
+void PrintTo(Control const &control, std::ostream *out) {
+  *out << control.id;
+}
+
+class PropertyControls : public PanelTest {
+protected:
+  void SetUp() override {
+    PanelTest::SetUp();
+    m_tool->SetImage(PlacePicture(300, 200), true);
+    m_path = (fs::temp_directory_path() / "framenote_panel.png").string();
+    ASSERT_TRUE(wxImage(40, 20).SaveFile(m_path, wxBITMAP_TYPE_PNG));
+    AnnImageToolMode &image = *m_tool->GetToolModes().image;
+    image.m_properties->SetFileName(wxFileName(m_path));
+    image.SetPicture(m_path);
+  }
+  void TearDown() override {
+    fs::remove(m_path);
+    PanelTest::TearDown();
+  }
+
+  /// Draws an object of a kind, which is selected then.
+  void DrawObject(Types type, wxPoint const &from, wxPoint const &to) {
+    if (!Button(type).GetValue()) Toggle(type);
+    if (type == Types::Pencil) {
+      DrawStroke(from, to);
+    } else {
+      Drag(from, to);
+    }
+    if (auto *const text = dynamic_cast<AnnText *>(m_tool->GetSelectedObject())) {
+      text->SetTextAndParse("abc", {});
+    }
+  }
+  /// A stroke has many points, and is not selected when it is drawn.
+  void DrawStroke(wxPoint const &from, wxPoint const &to) {
+    constexpr int kPoints = 10;
+    auto const at = [&](int i) { return from + (to - from) * i / kPoints; };
+    Mouse(wxEVT_MOTION, from);
+    Mouse(wxEVT_LEFT_DOWN, from);
+    for (int i = 1; i <= kPoints; ++i) Mouse(wxEVT_MOTION, at(i));
+    Mouse(wxEVT_LEFT_UP, to);
+    for (auto const type : {wxEVT_MOTION, wxEVT_LEFT_DOWN, wxEVT_LEFT_UP}) Mouse(type, at(5));
+  }
+  std::string LookOf(IAnnotationObject const &object) {
+    return JsonToUtf8(object.ToJSON().ItemAt("Properties"));
+  }
+  void Use(Control const &control) {
+    wxWindow &window = *Find<wxWindow>(control.id);
+    switch (control.kind) {
+      case 'l':
+        dynamic_cast<wxOwnerDrawnComboBox &>(window).SetSelection(control.value);
+        Send(window, wxEVT_COMBOBOX);
+        break;
+      case 'c': {
+        auto &picker = dynamic_cast<wxColourPickerCtrl &>(window);
+        picker.SetColour(wxColour(0, 160, 176));
+        wxColourPickerEvent event(&picker, picker.GetId(), picker.GetColour());
+        picker.GetEventHandler()->ProcessEvent(event);
+        break;
+      }
+      case 'x':
+        dynamic_cast<wxCheckBox &>(window).SetValue(control.value != 0);
+        Send(window, wxEVT_CHECKBOX);
+        break;
+      case 's':
+        dynamic_cast<wxSliderBase &>(window).SetValue(control.value);
+        Send(window, wxEVT_SLIDER);
+        break;
+      default:
+        dynamic_cast<wxToggleButton &>(window).SetValue(control.value != 0);
+        Send(window, wxEVT_TOGGLEBUTTON);
+        break;
+    }
+    wxYield();
+  }
+  /// What the control shows, in the terms of `Control::value`; colours as their components.
+  int Shown(Control const &control) {
+    wxWindow &window = *Find<wxWindow>(control.id);
+    switch (control.kind) {
+      case 'l':
+        return dynamic_cast<wxOwnerDrawnComboBox &>(window).GetSelection();
+      case 'c':
+        return static_cast<int>(dynamic_cast<wxColourPickerCtrl &>(window).GetColour().GetRGB());
+      case 'x':
+        return dynamic_cast<wxCheckBox &>(window).GetValue();
+      case 's':
+        return dynamic_cast<wxSliderBase &>(window).GetValue();
+      default:
+        return dynamic_cast<wxToggleButton &>(window).GetValue();
+    }
+  }
+
+  std::string m_path;
+};
+
+class EachControl : public PropertyControls, public testing::WithParamInterface<Control> {};
+
+INSTANTIATE_TEST_SUITE_P(, EachControl, testing::ValuesIn(kControls), [](auto const &control) {
+  return "Id" + std::to_string(control.param.id);
+});
+
+TEST_P(EachControl, ChangesTheSelectedAndTheNextObjectAndShowsTheValuesOfASelectedOne) {
+  Control const &control = GetParam();
+  // A shape without a border and a fill would be gone with its selection.
+  if (control.id == 12) m_tool->GetToolModes().shape->m_properties->SetFillColor(*wxGREEN);
+  DrawObject(control.type, {20, 20}, {90, 80});
+  IAnnotationObject *const first = m_tool->GetSelectedObject();
+  ASSERT_NE(first, nullptr);
+  int const before = Shown(control);
+  ASSERT_EQ(LookOf(*first).find(control.text), std::string::npos) << LookOf(*first);
+  Use(control);
+  EXPECT_NE(LookOf(*first).find(control.text), std::string::npos) << LookOf(*first);
+  EXPECT_NE(JsonToUtf8(m_tool->GetJSON()).find(control.text), std::string::npos);
+  int const after = Shown(control);
+  EXPECT_NE(after, before);
+  // The next object takes the record.
+  m_tool->Deactivate();
+  m_tool->SetActiveTool(control.type);
+  Mouse(wxEVT_MOTION, {150, 120});
+  DrawObject(control.type, {150, 120}, {220, 180});
+  IAnnotationObject *const second = m_tool->GetSelectedObject();
+  ASSERT_NE(second, first);
+  EXPECT_NE(LookOf(*second).find(control.text), std::string::npos) << LookOf(*second);
+  // What is selected is shown: an object that was restored has its own values.
+  for (int const value : {before, after}) {
+    Control back = control;
+    if (control.kind != 'c') back.value = value;
+    if (control.kind == 'c' && value == before) continue;
+    Use(back);
+    first->OnSelection(false);
+    EXPECT_EQ(Shown(control), after);
+    second->OnSelection(false);
+    EXPECT_EQ(Shown(control), control.kind == 'c' ? after : value);
+    first->SetSelected(false);
+  }
+}
+
+TEST_F(PropertyControls, ShapePanelOpensWithTheRecord) {
+  Toggle(Types::Shape);
+  EXPECT_EQ(Find<wxOwnerDrawnComboBox>(10)->GetValue(), "Rectangle");
+  EXPECT_EQ(Find<wxColourPickerCtrl>(11)->GetColour(), *wxRED);
+  EXPECT_FALSE(Find<wxCheckBox>(12)->GetValue());
+  EXPECT_EQ(Find<wxColourPickerCtrl>(13)->GetColour().GetRGB(), wxWHITE->GetRGB());
+  EXPECT_TRUE(Find<wxCheckBox>(14)->GetValue());
+  EXPECT_EQ(Find<wxSliderBase>(15)->GetValue(), 5);
+}
+
+TEST_F(PropertyControls, TransparencyKeepsTheColourAndAPickedColourTheTransparency) {
+  AnnShapeProperties const &record = *m_tool->GetToolModes().shape->m_properties;
+  Use({13, Types::Shape, 'c', 0, ""});
+  EXPECT_EQ(record.GetFillColor(), wxColour(0, 160, 176, 0));
+  Use({14, Types::Shape, 'x', 0, ""});
+  EXPECT_EQ(record.GetFillColor(), wxColour(0, 160, 176, 255));
+  Use({14, Types::Shape, 'x', 1, ""});
+  EXPECT_EQ(record.GetFillColor(), wxColour(0, 160, 176, 0));
+}
+
+TEST_F(PropertyControls, BackgroundOfATextTakesTheBorderOfTheNextRegionAlong) {
+  EXPECT_EQ(m_tool->GetToolModes().hide->m_properties->GetBorderColor().Alpha(), 0);
+  Use({30, Types::Text, 'x', 0, ""});
+  EXPECT_EQ(m_tool->GetToolModes().hide->m_properties->GetBorderColor(), wxColour(255, 0, 0, 255));
+}
+
+TEST_F(PropertyControls, FontIsChosenOrTyped) {
+  AnnTextProperties const &record = *m_tool->GetToolModes().text->m_properties;
+  auto *const face = Find<wxOwnerDrawnComboBox>(21);
+  ASSERT_TRUE(face->SetStringSelection("DejaVu Sans"));
+  Send(*face, wxEVT_COMBOBOX);
+  EXPECT_EQ(record.GetFont().GetFaceName(), "DejaVu Sans");
+  auto *const size = Find<wxOwnerDrawnComboBox>(25);
+  size->SetStringSelection("28");
+  Send(*size, wxEVT_COMBOBOX);
+  EXPECT_EQ(record.GetFont().GetPointSize(), 28);
+  size->SetValue("33");
+  Send(*size, wxEVT_TEXT_ENTER);
+  EXPECT_EQ(record.GetFont().GetPointSize(), 33);
+  EXPECT_EQ(record.GetFont().GetFaceName(), "DejaVu Sans");
+  for (char const *garbage : {"garbage", "", "-5", "99999999999999999999", "0"}) {
+    size->SetValue(garbage);
+    Send(*size, wxEVT_TEXT_ENTER);
+    EXPECT_TRUE(record.GetFont().IsOk()) << garbage;
+  }
+}
+
+TEST_F(PropertyControls, FontDialogReachesAllFontControls) {
+  wxFont const font(wxFontInfo(18).FaceName("DejaVu Serif").Bold().Italic().Underlined());
+  wxFontPickerCtrl *picker = nullptr;
+  for (wxWindow *child : Find<wxWindow>(21)->GetParent()->GetChildren()) {
+    if (auto *const found = dynamic_cast<wxFontPickerCtrl *>(child)) picker = found;
+  }
+  ASSERT_NE(picker, nullptr);
+  picker->SetSelectedFont(font);
+  picker->SetSelectedColour(*wxBLUE);
+  wxFontPickerEvent event(picker, picker->GetId(), font);
+  picker->GetEventHandler()->ProcessEvent(event);
+  EXPECT_EQ(Find<wxOwnerDrawnComboBox>(21)->GetValue(), "DejaVu Serif");
+  EXPECT_EQ(Find<wxOwnerDrawnComboBox>(25)->GetValue(), "18");
+  for (int const id : {22, 23, 24}) EXPECT_TRUE(Find<wxToggleButton>(id)->GetValue()) << id;
+  EXPECT_EQ(m_tool->GetToolModes().text->m_properties->GetFontColor(), *wxBLUE);
+}
+
+TEST_F(PropertyControls, MacroIsAddedAndTheListGoesBack) {
+  DrawObject(Types::Text, {20, 20}, {90, 80});
+  auto *const macros = Find<wxOwnerDrawnComboBox>(31);
+  EXPECT_EQ(macros->GetString(0), "--Select the Macro to Add--");
+  EXPECT_EQ(macros->GetString(2), "Time");
+  Send(*macros, wxEVT_COMBOBOX);
+  EXPECT_EQ(Front<AnnText>()->GetText(), "abc");
+  macros->SetSelection(2);
+  Send(*macros, wxEVT_COMBOBOX);
+  EXPECT_EQ(Front<AnnText>()->GetText(), "abc%T%");
+  EXPECT_EQ(macros->GetSelection(), 0);
+}
+
+TEST_F(PropertyControls, ZoomIsShownInHalves) {
+  AnnMagnifyProperties &record = *m_tool->GetToolModes().magnify->m_properties;
+  auto *const zoom = Find<wxSliderBase>(40);
+  EXPECT_EQ(zoom->GetMin(), 3);
+  EXPECT_EQ(zoom->GetMax(), 16);
+  record.SetZoom(8.0);
+  m_tool->UpdatePanelControls(Types::Magnify);
+  EXPECT_EQ(zoom->GetValue(), 16);
+  record.SetZoom(1.75);
+  m_tool->UpdatePanelControls(Types::Magnify);
+  EXPECT_EQ(zoom->GetValue(), 3);
+  EXPECT_EQ(record.GetZoom(), 1.75);
+  zoom->SetValue(3);
+  Send(*zoom, wxEVT_SLIDER);
+  EXPECT_EQ(record.GetZoom(), 1.5);
+}
+
+TEST_F(PropertyControls, PictureFileIsTakenByItsExtension) {
+  std::string const capitals = (fs::temp_directory_path() / "framenote_panel.PNG").string();
+  fs::copy_file(m_path, capitals, fs::copy_options::overwrite_existing);
+  AnnImageProperties const &record = *m_tool->GetToolModes().image->m_properties;
+  wxFilePickerCtrl *picker = nullptr;
+  for (wxWindow *child : Find<wxWindow>(32)->GetParent()->GetChildren()) {
+    if (auto *const found = dynamic_cast<wxFilePickerCtrl *>(child)) picker = found;
+  }
+  ASSERT_NE(picker, nullptr);
+  auto const choose = [&](std::string const &path) {
+    picker->SetPath(wxString::FromUTF8(path));
+    wxFileDirPickerEvent event(wxEVT_FILEPICKER_CHANGED, picker, picker->GetId(),
+                               wxString::FromUTF8(path));
+    picker->GetEventHandler()->ProcessEvent(event);
+    return record.GetFileName().GetFullPath().utf8_string();
+  };
+  EXPECT_EQ(choose(capitals), m_path);
+  EXPECT_EQ(choose("/nowhere.png"), m_path);
+  wxImage(10, 10).SaveFile(m_path + ".2.png", wxBITMAP_TYPE_PNG);
+  EXPECT_EQ(choose(m_path + ".2.png"), m_path + ".2.png");
+  EXPECT_EQ(m_tool->GetToolModes().image->GetAspectRatio(), 1.0);
+  fs::remove(m_path + ".2.png");
+  fs::remove(capitals);
+}
+
+TEST_F(PropertyControls, ValuesBeyondTheLabelsAreShownAsNone) {
+  m_tool->FromJSON(
+      JsonFromText(
+          R"({"Annotate":{"Objects":[{"Id":8,"CoordinatesCenterPoint":[],"Properties":{"Shape":9,)"
+          R"("BorderType":-3,"ZoomMethod":77,"Zoom":1e300,"Thickness":0},"Rectangle":{)"
+          R"("StartFrame":0,"EndFrame":0,"Coordinates":[{"TopLeft":[10.0,10.0],)"
+          R"("TopRight":[60.0,10.0],"BottomRight":[60.0,60.0],"BottomLeft":[10.0,60.0],)"
+          R"("Range":[0,0]}]}}]}})"),
+      10);
+  m_tool->AnnotationObjects().front()->OnSelection(false);
+  for (int const id : {42, 43, 45}) {
+    EXPECT_EQ(Find<wxOwnerDrawnComboBox>(id)->GetSelection(), wxNOT_FOUND) << id;
+  }
+  EXPECT_EQ(Find<wxSliderBase>(40)->GetValue(), 16);
+  EXPECT_EQ(Find<wxSliderBase>(46)->GetValue(), 1);
+}
+
+}  // namespace
+
+}  // namespace framenote::test
