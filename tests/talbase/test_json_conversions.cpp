@@ -3,6 +3,8 @@
 
 #include <clocale>
 #include <cstdint>
+#include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <string>
 #include <utility>
@@ -222,16 +224,38 @@ TEST(FontText, EverySizeTheToolkitKeepsSurvives) {
   }
 }
 
-TEST(FontText, DoesNotDependOnTheLocale) {
-  std::string const before = std::setlocale(LC_NUMERIC, nullptr);
-  char const *found = nullptr;
-  for (char const *name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"}) {
-    if (found == nullptr) found = std::setlocale(LC_NUMERIC, name);
+/// A locale with a decimal comma, made for the test, and the one before when it goes.
+class CommaLocale {
+public:
+  CommaLocale()
+      : m_before(std::setlocale(LC_NUMERIC, nullptr)),
+        m_folder(std::filesystem::temp_directory_path() / "framenote_locales") {
+    std::filesystem::create_directories(m_folder);
+    std::string const name = (m_folder / "de_DE.UTF-8").string();
+    m_isMade = std::system(("localedef --no-archive -i de_DE -f UTF-8 " + name).c_str()) == 0;
+    setenv("LOCPATH", m_folder.c_str(), 1);
+    m_isMade = m_isMade && std::setlocale(LC_NUMERIC, "de_DE.UTF-8") != nullptr;
   }
-  std::string const font = Again("12.5;normal;400;0;0;DejaVu Sans");
-  std::string const json = JsonToUtf8(JsonFromUtf8("[12.5]"));
-  std::setlocale(LC_NUMERIC, before.c_str());
-  EXPECT_EQ(font, "12.5;normal;400;0;0;DejaVu Sans");
-  EXPECT_EQ(json, "[12.5]");
-  if (found == nullptr) GTEST_SKIP() << "no locale with a decimal comma is installed";
+  CommaLocale(CommaLocale const &) = delete;
+  CommaLocale &operator=(CommaLocale const &) = delete;
+  ~CommaLocale() {
+    std::setlocale(LC_NUMERIC, m_before.c_str());
+    unsetenv("LOCPATH");
+    std::filesystem::remove_all(m_folder);
+  }
+
+  bool IsMade() const { return m_isMade; }
+
+private:
+  std::string m_before;
+  std::filesystem::path m_folder;
+  bool m_isMade = false;
+};
+
+TEST(FontText, DoesNotDependOnTheLocale) {
+  CommaLocale const comma;
+  ASSERT_TRUE(comma.IsMade());
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+  EXPECT_EQ(Again("12.5;normal;400;0;0;DejaVu Sans"), "12.5;normal;400;0;0;DejaVu Sans");
+  EXPECT_EQ(JsonToUtf8(JsonFromUtf8("[12.5]")), "[12.5]");
 }
