@@ -17,7 +17,6 @@
 #include "talbase/json_value.h"
 
 class AnnotationTool;
-class IAnnotationToolMode;
 class wxBoxSizer;
 class wxCheckBox;
 class wxColourPickerCtrl;
@@ -81,7 +80,6 @@ private:
   void DoToolToggle(wxToggleButton *button);
   void DoToolToggle(Types id);
   void layOutAnew();
-  std::shared_ptr<IAnnotationToolMode> modeOf(Types id) const;
 
   // The General panel
   wxPanel *CreateGeneralPanel();

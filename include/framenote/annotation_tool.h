@@ -203,7 +203,6 @@ private:
   friend class AnnTextToolMode;
   friend class BoxToolMode;
   friend class AnnArrowToolMode;
-  friend class AnnGeneralToolMode;
   friend class AnnImageToolMode;
   friend class AnnMagnifyToolMode;
   friend class AnnPencilToolMode;

@@ -13,7 +13,3 @@ void AnnGeneralToolMode::ApplyProperties() {}
 void AnnGeneralToolMode::OnMouseDrawing(wxMouseEvent const &) {}
 
 void AnnGeneralToolMode::OnMouseResizing(wxMouseEvent const &) {}
-
-void AnnGeneralToolMode::OnMouseDefault(wxMouseEvent const &event) {
-  if (event.GetEventType() != wxEVT_LEFT_DOWN) IAnnotationToolMode::OnMouseDefault(event);
-}

@@ -14,5 +14,4 @@ public:
   void ApplyProperties() override;
   void OnMouseDrawing(wxMouseEvent const &event) override;
   void OnMouseResizing(wxMouseEvent const &event) override;
-  void OnMouseDefault(wxMouseEvent const &event) override;
 };

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "framenote/annotation_types.h"
 #include "framenote/export.h"
 
 class AnnArrowToolMode;
@@ -26,6 +27,9 @@ struct FRAMENOTE_API ToolModes {
             std::shared_ptr<AnnHideToolMode> hideMode,
             std::shared_ptr<AnnMagnifyToolMode> magnifyMode,
             std::shared_ptr<AnnGeneralToolMode> generalMode);
+
+  /// The mode of that number; null if there is none.
+  std::shared_ptr<IAnnotationToolMode> Of(Types mode) const;
 
   std::shared_ptr<AnnIdleToolMode> idle;
   std::shared_ptr<AnnShapeToolMode> shape;

@@ -231,12 +231,7 @@ void AnnImage::Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const
 }
 
 bool AnnImage::Contains(wxPoint2DInt const &point) const {
-  auto const record = currentRecord();
-  if (!record) return false;
-  wxPoint const pixel(point.m_x, point.m_y);
-  if (IsPoint(*record)) return pixel == GetRounded(record->m_topLeft);
-  auto const corners = framenote::RoundToPixels(GetCorners(*record, {0.0, 0.0}));
-  return framenote::QuadrilateralContains(pixel, corners[0], corners[1], corners[2], corners[3]);
+  return boxContains(point);
 }
 
 bool AnnImage::WouldDisappear() const {

@@ -52,8 +52,6 @@ AnnMagnify::AnnMagnify(AnnMagnify const &other)
       m_subBitmap(framenote::UnsharedCopy(other.m_subBitmap)),
       m_subBitmapRect(other.m_subBitmapRect),
       m_cachedZoom(other.m_cachedZoom),
-      m_cachedZoomMethod(other.m_cachedZoomMethod),
-      m_cachedFrame(other.m_cachedFrame),
       m_atCenterPoint(other.m_atCenterPoint),
       m_centerCoordinates(other.m_centerCoordinates),
       m_mask(other.m_mask) {}
@@ -118,8 +116,6 @@ wxRect AnnMagnify::getIntersectionWithImage(wxPoint const &shift) const {
 void AnnMagnify::ZoomWholeImageAndStoreAsBitmap() {
   if (!m_sourceImage->IsOk()) return;
   m_cachedZoom = zoom();
-  m_cachedZoomMethod = m_look.GetZoomMethodNumber();
-  m_cachedFrame = m_kindMode->GetToolCurrentFrame();
 }
 
 void AnnMagnify::UpdateSubImageAndSubBitmap(bool fromPart) {

@@ -60,8 +60,8 @@ public:
 
   AnnMagnifyProperties const &MagnifyProperties() const { return m_look; }
 
-  /// Takes note that what is shown is of this zoom, method and frame. There is no enlarged whole
-  /// picture to keep.
+  /// Takes note of the zoom that is shown, which ResizeOnZoom starts from. There is no enlarged
+  /// whole picture to keep.
   void ZoomWholeImageAndStoreAsBitmap();
   /// Enlarges what the lens shows. With `fromPart` only the pixels of the source area take part,
   /// by the nearest one.
@@ -111,8 +111,6 @@ private:
   wxBitmap m_subBitmap;          ///< what the lens shows, cut to it; no other object shares it
   wxRect m_subBitmapRect;        ///< where it lies in the picture
   double m_cachedZoom = 0.0;     ///< of what is shown
-  int m_cachedZoomMethod = 0;
-  int m_cachedFrame = 0;  ///< only the low 32 bits
   bool m_atCenterPoint = false;
   AnnMagnifyCoordinates m_centerCoordinates;
   framenote::ShapeMask m_mask{framenote::ShapeMask::Edge::Painted};

@@ -110,6 +110,15 @@ bool AnnShape::Contains(wxPoint2DInt const &point) const {
   return false;
 }
 
+bool AnnShape::boxContains(wxPoint2DInt const &point) const {
+  auto const record = currentRecord();
+  if (!record) return false;
+  wxPoint const pixel(point.m_x, point.m_y);
+  if (IsPoint(*record)) return pixel == GetRounded(record->m_topLeft);
+  auto const corners = framenote::RoundToPixels(GetCorners(*record, {0.0, 0.0}));
+  return framenote::QuadrilateralContains(pixel, corners[0], corners[1], corners[2], corners[3]);
+}
+
 bool AnnShape::isHollow(AnnShapePoints const &record) const {
   return !IsVisible(m_properties.GetFillColor()) && !IsFillCoveredByBorder(record);
 }

@@ -103,6 +103,9 @@ public:
 
 protected:
   bool isFullyTransparent() const;
+  /// Whether `point` lies in the turned box itself, whatever is painted of it; a box that is a
+  /// single point is hit there.
+  bool boxContains(wxPoint2DInt const &point) const;
   /// How a border is painted.
   struct Border {
     AnnShapeProperties::Shape shape;

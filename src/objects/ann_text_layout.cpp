@@ -110,13 +110,7 @@ bool AnnText::IsOverText(wxPoint2DInt const &point, wxStockCursor &cursor) const
 
 bool AnnText::Contains(wxPoint2DInt const &point) const {
   wxStockCursor ignored = wxCURSOR_NONE;
-  if (IsOverText(point, ignored)) return true;
-  auto const record = currentRecord();
-  if (!record) return false;
-  wxPoint const pixel(point.m_x, point.m_y);
-  if (IsPoint(*record)) return pixel == GetRounded(record->m_topLeft);
-  auto const corners = framenote::RoundToPixels(GetCorners(*record, {0.0, 0.0}));
-  return framenote::QuadrilateralContains(pixel, corners[0], corners[1], corners[2], corners[3]);
+  return IsOverText(point, ignored) || boxContains(point);
 }
 
 wxRect AnnText::GetTextBoxPosition() const {

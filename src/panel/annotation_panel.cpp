@@ -15,15 +15,6 @@
 #include <wx/translation.h>
 
 #include "framenote/annotation_tool.h"
-#include "modes/ann_arrow_tool_mode.h"
-#include "modes/ann_general_tool_mode.h"
-#include "modes/ann_hide_tool_mode.h"
-#include "modes/ann_idle_tool_mode.h"
-#include "modes/ann_image_tool_mode.h"
-#include "modes/ann_magnify_tool_mode.h"
-#include "modes/ann_pencil_tool_mode.h"
-#include "modes/ann_shape_tool_mode.h"
-#include "modes/ann_text_tool_mode.h"
 #include "panel/panel_layout.h"
 #include "talbase/style_manager.h"
 
@@ -147,7 +138,7 @@ void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
     button->SetValue(true);
     m_propertySizer->Show(m_toolPanels.at(button));
     id = static_cast<Types>(button->GetId());
-    m_tool->SetActiveTool(modeOf(id));
+    m_tool->SetActiveTool(m_tool->GetToolModes().Of(id));
   }
   // Releasing a tool selects the tool 0.
   m_tool->SendAnnotationToolSelectedEvent(button, id);
@@ -158,31 +149,6 @@ void AnnotationPanel::DoToolToggle(Types id) {
   if (m_activeToggle != nullptr && m_activeToggle->GetId() == static_cast<int>(id)) return;
   auto *const button = dynamic_cast<wxToggleButton *>(FindWindowById(static_cast<long>(id), this));
   if (button != nullptr) DoToolToggle(button);
-}
-
-std::shared_ptr<IAnnotationToolMode> AnnotationPanel::modeOf(Types id) const {
-  ToolModes const &modes = m_tool->GetToolModes();
-  switch (id) {
-    case Types::Idle:
-      return modes.idle;
-    case Types::Shape:
-      return modes.shape;
-    case Types::Arrow:
-      return modes.arrow;
-    case Types::Pencil:
-      return modes.pencil;
-    case Types::Text:
-      return modes.text;
-    case Types::Image:
-      return modes.image;
-    case Types::Hide:
-      return modes.hide;
-    case Types::Magnify:
-      return modes.magnify;
-    case Types::General:
-      return modes.general;
-  }
-  return nullptr;
 }
 
 wxPanel *AnnotationPanel::CreateGeneralPanel() {

@@ -51,7 +51,7 @@ void AnnotationPanel::onUpdate(Page const &page, std::function<void()> const &sh
 }
 
 void AnnotationPanel::apply(Types type) {
-  modeOf(type)->ApplyProperties();
+  m_tool->GetToolModes().Of(type)->ApplyProperties();
 }
 
 AnnotationPanel::Page AnnotationPanel::startPage(Types type, int rows) {

@@ -261,34 +261,7 @@ void AnnotationTool::Refresh() {
 }
 
 void AnnotationTool::SetActiveTool(Types mode) {
-  switch (mode) {
-    case Types::Idle:
-      SetActiveTool(m_toolModes.idle);
-      break;
-    case Types::Shape:
-      SetActiveTool(m_toolModes.shape);
-      break;
-    case Types::Arrow:
-      SetActiveTool(m_toolModes.arrow);
-      break;
-    case Types::Pencil:
-      SetActiveTool(m_toolModes.pencil);
-      break;
-    case Types::Text:
-      SetActiveTool(m_toolModes.text);
-      break;
-    case Types::Image:
-      SetActiveTool(m_toolModes.image);
-      break;
-    case Types::Hide:
-      SetActiveTool(m_toolModes.hide);
-      break;
-    case Types::Magnify:
-      SetActiveTool(m_toolModes.magnify);
-      break;
-    default:
-      break;
-  }
+  if (mode != Types::General) SetActiveTool(m_toolModes.Of(mode));
 }
 
 void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode) {
