@@ -48,6 +48,7 @@ void AnnotationTool::AddTextMacro(wxString const &text) {
   } else {
     selected->AppendTextAndParse(text, m_textMacros);
     Refresh();
+    OnJsonChanged();
   }
 }
 
