@@ -10,7 +10,6 @@
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
-#include "modes/ann_shape_tool_mode.h"
 #include "talbase/json_text.h"
 
 /// A picture point p is shown at (p + offset) * scale. The wheel scrolls, and zooms with Ctrl.
@@ -92,34 +91,18 @@ public:
     sizer->Add(panel, 0, wxEXPAND);
     SetSizer(sizer);
     auto *const menu = new wxMenu;  // owned by the menu bar
-    Add(*menu, "Select\tF1", [this] { m_tool->Deactivate(); });
-    Add(*menu, "Rectangle\tF2", [this] { Draw(AnnShapeProperties::Rectangle); });
-    Add(*menu, "Ellipse\tF3", [this] { Draw(AnnShapeProperties::Ellipse); });
-    Add(*menu, "Arrow\tF4", [this] { m_tool->SetActiveTool(Types::Arrow); });
-    Add(*menu, "Pencil\tF5", [this] { m_tool->SetActiveTool(Types::Pencil); });
-    Add(*menu, "Text\tF6", [this] { m_tool->SetActiveTool(Types::Text); });
-    Add(*menu, "Hide\tF8", [this] { m_tool->SetActiveTool(Types::Hide); });
-    Add(*menu, "Magnify\tF9", [this] { m_tool->SetActiveTool(Types::Magnify); });
-    Add(*menu, "Save\tCtrl+S", [this] { Save(); });
+    menu->Append(wxID_SAVE);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent &) { Save(); }, wxID_SAVE);
     SetMenuBar(new wxMenuBar);  // owned by this frame
-    GetMenuBar()->Append(menu, "Annotate");
+    GetMenuBar()->Append(menu, "Document");
   }
   ~Frame() override { m_tool->UnlinkGui(); }
 
 private:
-  template <class Action>
-  void Add(wxMenu &menu, wxString const &label, Action action) {
-    auto const run = [action](wxCommandEvent &) { action(); };
-    menu.Bind(wxEVT_MENU, run, menu.Append(wxID_ANY, label)->GetId());
-  }
-
-  void Draw(AnnShapeProperties::Shape shape) {
-    m_tool->GetToolModes().shape->m_properties->SetShape(shape);
-    m_tool->SetActiveTool(Types::Shape);
-  }
-
   void Save() {
-    m_tool->Deactivate();  // whatever is being edited ends, and the document is up to date
+    m_tool->DeactivateToolAndControls();  // whatever is being edited ends, and the document is up
+                                          // to date
     wxJSONValue annotations(wxJSONTYPE_OBJECT);
     annotations.Set(AnnotationJsonChangedEvent::m_annotateKey, m_tool->GetJSON());
     wxFFile file(m_document, "w");

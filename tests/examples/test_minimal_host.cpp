@@ -8,6 +8,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -19,10 +20,16 @@
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/image.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/tglbtn.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
+#include "framenote/annotation_panel.h"
+#include "framenote/annotation_tool.h"
+#include "support/screen_windows.h"
 #include "talbase/json_text.h"
 
 namespace {
@@ -33,6 +40,7 @@ using std::chrono::milliseconds;
 constexpr int kZoom = 2;
 constexpr milliseconds kStep(30);  ///< between two motions, so that the server does not merge them
 constexpr milliseconds kPatience(30000);
+constexpr int kShapeList = 10;       ///< the palette's list of shapes
 constexpr double kPrecision = 1e-6;  ///< picture pixels
 
 std::string ReadAll(fs::path const &path) {
@@ -90,6 +98,7 @@ protected:
     wxImage picture(400, 300);
     picture.SetRGB(wxRect(0, 0, 400, 300), 240, 240, 240);
     ASSERT_TRUE(picture.SaveFile((m_folder / "in.png").string(), wxBITMAP_TYPE_PNG));
+    FindControls();
     FindPicture();
   }
 
@@ -103,11 +112,13 @@ protected:
   void Start(std::string const &document) {
     m_host.reset();
     m_document = m_folder / document;
+    framenote::test::ScreenWindows const before;
     m_host = std::make_unique<HostProcess>((m_folder / "in.png").string(), m_document.string());
     m_mouse.MouseMove(300, 300);
     // The window is there as soon as it answers the key for saving.
     bool const answers = WaitUntil([this] { return !TrySave(milliseconds(500)).empty(); });
     ASSERT_TRUE(answers) << (m_host->IsRunning() ? "no window" : "the program ended");
+    m_window = before.NewOne();
   }
 
   /// Saves with the keyboard and returns the document's text.
@@ -129,6 +140,17 @@ protected:
   void Key(int key) {
     m_mouse.Char(key);
     std::this_thread::sleep_for(kStep);
+  }
+
+  /// Presses the button of a tool in the palette.
+  void UseTool(Types tool) { ClickControl(static_cast<int>(tool), 0.5); }
+  /// For the next shape: the tool is left and taken again, as a list changes what is selected.
+  void ChooseEllipse() {
+    UseTool(Types::Shape);
+    UseTool(Types::Shape);
+    ClickControl(kShapeList, 0.95);
+    Key(WXK_DOWN);
+    Key(WXK_RETURN);
   }
 
   void MoveTo(wxPoint const &point) {
@@ -166,12 +188,65 @@ private:
     return text;
   }
 
+  /// Clicks on a control of the host's palette, at a share of its width.
+  void ClickControl(int id, double share) {
+    wxRect const control = m_controls.at(id);
+    m_mouse.MouseMove(m_window.GetPosition() + control.GetPosition() +
+                      wxPoint(wxRound(share * control.width), control.height / 2));
+    std::this_thread::sleep_for(kStep);
+    m_mouse.MouseClick();
+    std::this_thread::sleep_for(kStep);
+  }
+
+  static void Settle() {
+    for (int i = 0; i < 20; ++i) {
+      wxYield();
+      std::this_thread::sleep_for(milliseconds(10));
+    }
+  }
+
+  /// Lays a window out as the host does, which runs in another process, to learn where the controls
+  /// of its palette are.
+  void FindControls() {
+    wxFrame frame(nullptr, wxID_ANY, "", wxPoint(0, 0), wxSize(1000, 760));
+    auto const tool =
+        std::make_shared<AnnotationTool>(AnnotationToolConfig(false, false, true, true, false, {}));
+    wxEvtHandler sink;
+    AnnotationPanel *const panel = tool->InitGui(&frame, &sink, tool);
+    frame.SetMenuBar(new wxMenuBar);                     // owned by the frame
+    frame.GetMenuBar()->Append(new wxMenu, "Document");  // owned by the bar
+    auto *const sizer = new wxBoxSizer(wxHORIZONTAL);    // owned by the frame
+    sizer->AddStretchSpacer();
+    sizer->Add(panel, 0, wxEXPAND);
+    frame.SetSizer(sizer);
+    frame.Show();
+    Settle();
+    auto const note = [&](int id) {
+      wxRect rect = wxWindow::FindWindowById(id, panel)->GetScreenRect();
+      rect.Offset(-frame.GetScreenPosition());
+      m_controls[id] = rect;
+    };
+    for (Types const type :
+         {Types::Shape, Types::Arrow, Types::Pencil, Types::Hide, Types::Magnify}) {
+      note(static_cast<int>(type));
+    }
+    auto *const shapes = dynamic_cast<wxToggleButton *>(
+        wxWindow::FindWindowById(static_cast<int>(Types::Shape), panel));
+    shapes->SetValue(true);
+    wxCommandEvent pressed(wxEVT_TOGGLEBUTTON, shapes->GetId());
+    pressed.SetEventObject(shapes);
+    shapes->ProcessWindowEvent(pressed);
+    Settle();
+    note(kShapeList);
+    tool->UnlinkGui();
+  }
+
   /// Learns where the picture is on the screen, from a rectangle that is drawn at a known place of
   /// the screen.
   void FindPicture() {
     ASSERT_NO_FATAL_FAILURE(Start("place.json"));
     m_origin = wxPoint(0, 0);
-    Key(WXK_F2);
+    UseTool(Types::Shape);
     Drag({{100, 100}, {150, 120}, {200, 150}});
     std::vector<double> const corners = SavedCorners();
     m_origin = wxPoint(kZoom * (100 - wxRound(corners[0])), kZoom * (100 - wxRound(corners[1])));
@@ -183,6 +258,8 @@ private:
 
   fs::path m_folder;
   fs::path m_document;
+  wxRect m_window;                   ///< of the host, on the screen
+  std::map<int, wxRect> m_controls;  ///< of its palette, from the corner of its window
   wxPoint m_origin;
   wxFrame *m_frame = nullptr;
   wxUIActionSimulator m_mouse;
@@ -209,7 +286,7 @@ void ExpectPoint(wxJSONValue const &value, int x, int y) {
 
 TEST_F(MinimalHost, ARectangleIsDrawnMovedResizedAndTurnedWithTheMouse) {
   ASSERT_NO_FATAL_FAILURE(Start("document.json"));
-  Key(WXK_F2);
+  UseTool(Types::Shape);
   Drag({{100, 80}, {150, 120}, {180, 140}});
   ExpectRectangle(SavedCorners(), 100, 80, 180, 140);
 
@@ -247,19 +324,19 @@ TEST_F(MinimalHost, ARectangleIsDrawnMovedResizedAndTurnedWithTheMouse) {
 
 TEST_F(MinimalHost, EachToolMakesItsKindOfObject) {
   ASSERT_NO_FATAL_FAILURE(Start("document.json"));
-  Key(WXK_F2);
+  UseTool(Types::Shape);
   Drag({{20, 20}, {50, 40}, {80, 60}});
-  Key(WXK_F3);
+  ChooseEllipse();
   Drag({{120, 20}, {150, 40}, {190, 70}});
-  Key(WXK_F4);
+  UseTool(Types::Arrow);
   Drag({{20, 120}, {50, 130}, {90, 150}});
-  Key(WXK_F5);
+  UseTool(Types::Pencil);
   std::vector<wxPoint> const path = {{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150},
                                      {170, 150}, {180, 140}, {190, 130}, {200, 120}, {210, 110}};
   Drag(path);
-  Key(WXK_F8);
+  UseTool(Types::Hide);
   Drag({{220, 20}, {240, 40}, {260, 70}});
-  Key(WXK_F9);
+  UseTool(Types::Magnify);
   Drag({{220, 120}, {240, 140}, {270, 160}});
 
   // The last one drawn is in front.
@@ -306,11 +383,11 @@ TEST_F(MinimalHost, EachToolMakesItsKindOfObject) {
 
 TEST_F(MinimalHost, ASecondRunRestoresTheDocumentAndSavesTheSameText) {
   ASSERT_NO_FATAL_FAILURE(Start("document.json"));
-  Key(WXK_F2);
+  UseTool(Types::Shape);
   Drag({{20, 20}, {50, 40}, {80, 60}});
-  Key(WXK_F4);
+  UseTool(Types::Arrow);
   Drag({{20, 120}, {50, 130}, {90, 150}});
-  Key(WXK_F5);
+  UseTool(Types::Pencil);
   Drag({{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150}, {170, 150}, {180, 140}});
   std::string const first = Save();
   EXPECT_EQ(JsonFromUtf8(first).ItemAt("Annotate").ItemAt("Objects").Size(), 3);
