@@ -42,6 +42,36 @@ AVPixelFormat PlainFormat(AVPixelFormat format) {
   }
 }
 
+/// swscale makes planes from YUV three times as fast as packed RGB.
+AVPixelFormat TargetFormat(ColourTags const &colours) {
+  return colours.matrix == AVCOL_SPC_RGB ? AV_PIX_FMT_RGB24 : AV_PIX_FMT_GBRP;
+}
+
+/// Packs the planes of green, blue and red.
+void Interleave(AVFrame const &planes, Picture &picture) {
+  unsigned char *out = picture.Pixels();
+  for (int y = 0; y < picture.Height(); ++y) {
+    auto const row = [&](int plane) {
+      return planes.data[plane] + std::ptrdiff_t{y} * planes.linesize[plane];
+    };
+    unsigned char const *green = row(0), *blue = row(1), *red = row(2);
+    for (int x = 0; x < picture.Width(); ++x, out += Picture::kChannels) {
+      out[0] = red[x];
+      out[1] = green[x];
+      out[2] = blue[x];
+    }
+  }
+}
+
+/// Lets `frame` stand for the picture's pixels, which stay the picture's.
+void Lend(Picture &picture, AVFrame &frame) {
+  frame.data[0] = picture.Pixels();
+  frame.linesize[0] = static_cast<int>(picture.RowBytes());
+  frame.buf[0] = av_buffer_create(
+      picture.Pixels(), picture.ByteCount(), [](void *, std::uint8_t *) {}, nullptr, 0);
+  if (!frame.buf[0]) throw std::bad_alloc();
+}
+
 }  // namespace
 
 ColourTags ResolveColours(AVColorSpace matrix, AVColorRange range, AVPixelFormat format,
@@ -88,7 +118,7 @@ void FrameConverter::Prepare(AVFrame const &frame, std::string const &path) {
                                     {"src_range", colours.isFullRange},
                                     {"dstw", m_width},
                                     {"dsth", m_height},
-                                    {"dst_format", AV_PIX_FMT_RGB24},
+                                    {"dst_format", TargetFormat(colours)},
                                     {"dst_range", 1},
                                     {"sws_flags", flags},
                                     {"threads", static_cast<int>(threads)}}) {
@@ -117,16 +147,17 @@ Picture FrameConverter::Convert(AVFrame const &frame, std::string const &path) {
   libav::FramePtr const target = libav::NewFrame();
   if (av_frame_ref(source.get(), &frame) < 0) throw std::bad_alloc();
   source->format = PlainFormat(static_cast<AVPixelFormat>(frame.format));
-  target->format = AV_PIX_FMT_RGB24;
+  target->format = TargetFormat(m_colours);
   target->width = m_width;
   target->height = m_height;
-  // The picture owns the pixels; libav is told of them and never to release them.
-  target->data[0] = picture.Pixels();
-  target->linesize[0] = static_cast<int>(picture.RowBytes());
-  target->buf[0] = av_buffer_create(
-      picture.Pixels(), picture.ByteCount(), [](void *, std::uint8_t *) {}, nullptr, 0);
-  if (!target->buf[0]) throw std::bad_alloc();
+  bool const isPacked = target->format == AV_PIX_FMT_RGB24;
+  if (isPacked) {
+    Lend(picture, *target);
+  } else if (av_frame_get_buffer(target.get(), 0) < 0) {
+    throw std::bad_alloc();
+  }
   int const result = sws_scale_frame(m_scaler.get(), target.get(), source.get());
   if (result < 0) throw MediaError(MediaProblem::Unsupported, path, libav::ErrorText(result));
+  if (!isPacked) Interleave(*target, picture);
   return Turned(std::move(picture), m_turn);
 }

@@ -45,6 +45,10 @@ void FrameReader::Find(std::int64_t frame) {
   for (std::ptrdiff_t keysBack = 0;; keysBack = 2 * keysBack + 1) {
     bool const isFromKey = StartBefore(frame, keysBack);
     if (DecodeUntil(frame)) return;
+    if (m_decoder->IsInDoubt()) {
+      m_decoder->TakeCare();
+      return Find(frame);
+    }
     // Frames before it came out, from two beginnings, and it did not: it is not there.
     bool const isGivenUp = keysBack > 0 && m_sawEarlier;
     if (!isFromKey || isGivenUp) {
@@ -93,9 +97,10 @@ bool FrameReader::IsTrusted(std::int64_t frame) {
   return m_isAnchored;
 }
 
-/// Decodes on until the frame is kept; false once a later one or the end has come out.
+/// Decodes on until the frame is kept; false once a later one, the end or a doubt has come up.
 bool FrameReader::DecodeUntil(std::int64_t frame) {
   while (std::optional<DecodedFrame> decoded = m_decoder->Next()) {
+    if (m_decoder->IsInDoubt()) break;
     std::int64_t const out =
         m_index.isSeekable ? m_index.FrameOf(decoded->frame->best_effort_timestamp) : m_last + 1;
     // What the index does not know is none of the frames; what is past the end was not there when

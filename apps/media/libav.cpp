@@ -1,12 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "media/libav.h"
 
+#include <cstdarg>
 #include <new>
+#include <string_view>
 
 extern "C" {
 #include <libavutil/display.h>
 #include <libavutil/log.h>
 }
+
+namespace {
+
+/// Whether a message is about pictures that are not what was recorded.
+bool IsComplaint(int level, std::string_view message) {
+  // Said in passing, and never as an error, of parts that are filled up from their surroundings.
+  constexpr std::string_view kConcealing = "concealing";
+  // H.264's word about frames to be forgotten that are not there. It is no damage: decoding that
+  // begins at a key frame never had them.
+  constexpr std::string_view kForgetting = "mmco:";
+  if (message.substr(0, kConcealing.size()) == kConcealing) return true;
+  return level <= AV_LOG_ERROR && message.substr(0, kForgetting.size()) != kForgetting;
+}
+
+/// Stands in for libav's own, which writes to the terminal.
+void CountErrors(void *source, int level, char const *format, va_list /*values*/) {
+  if (!source || !IsComplaint(level, format)) return;
+  // Every source begins with a pointer to its class.
+  if (*static_cast<AVClass const *const *>(source) != avcodec_get_class()) return;
+  // A decoder's threads work on copies, which share this pointer.
+  void *const complaints = static_cast<AVCodecContext *>(source)->opaque;
+  if (complaints) ++*static_cast<std::atomic<int> *>(complaints);
+}
+
+}  // namespace
 
 namespace libav {
 
@@ -29,7 +56,11 @@ std::string ErrorText(int code) {
 }
 
 void Silence() {
-  av_log_set_level(AV_LOG_QUIET);
+  av_log_set_callback(&CountErrors);
+}
+
+void CountComplaints(AVCodecContext &codec, std::atomic<int> &complaints) {
+  codec.opaque = &complaints;
 }
 
 Rational ToRational(AVRational const &value) {

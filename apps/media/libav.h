@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,8 +37,13 @@ PacketPtr NewPacket();
 
 /// What libav says of one of its error codes.
 std::string ErrorText(int code);
-/// Keeps libav from writing to the terminal; from any thread, as often as one likes.
+/// Keeps libav from writing to the terminal, and lets complaints be counted instead. From any
+/// thread, as often as one likes.
 void Silence();
+/// Counts into `complaints` what the decoder complains of from now on, in all its threads. Some
+/// decoders patch up damage and tell of it in no other way. REQUIRES: Silence was called; `codec`
+/// is not open yet, and `complaints` outlives it.
+void CountComplaints(AVCodecContext &codec, std::atomic<int> &complaints);
 
 Rational ToRational(AVRational const &value);
 AVRational ToAv(Rational const &value);

@@ -109,6 +109,11 @@ void DropLeading(VideoIndex &index, std::int64_t count) {
 /// taken away.
 bool AgreesWithDecoder(VideoIndex &index, VideoDecoder &decoder, std::string const &path) {
   std::optional<DecodedFrame> decoded = decoder.Next();
+  if (decoder.IsInDoubt()) {
+    decoder.TakeCare();
+    decoder.Restart();
+    decoded = decoder.Next();
+  }
   if (!decoded) throw MediaError(MediaProblem::Damaged, path, "no frame can be decoded");
   std::int64_t const first = index.FrameOf(decoded->frame->best_effort_timestamp);
   if (first < 0) return false;
@@ -116,7 +121,7 @@ bool AgreesWithDecoder(VideoIndex &index, VideoDecoder &decoder, std::string con
   std::int64_t const count = std::min<std::int64_t>(kCheckedFrames, index.FrameCount());
   for (std::int64_t frame = 0; frame < count; ++frame) {
     // Beside damage frames are missing, which says nothing about the others.
-    if (!decoded || decoded->isDamaged) return true;
+    if (!decoded || decoded->isDamaged || decoder.IsInDoubt()) return true;
     if (index.FrameOf(decoded->frame->best_effort_timestamp) != frame) return false;
     decoded = decoder.Next();
   }
@@ -142,24 +147,43 @@ void CountTime(VideoIndex &index, AVStream const &stream) {
   for (std::int64_t &timeStamp : index.timeStamps) timeStamp = next++;
 }
 
+/// The time stamps of all frames in the order in which they come out; nothing if that is in doubt.
+std::optional<std::vector<std::int64_t>> DecodeTimes(std::string const &path, VideoDecoder &decoder,
+                                                     Progress const &progress,
+                                                     std::int64_t &lastDuration) {
+  decoder.Restart();
+  std::vector<std::int64_t> timeStamps;
+  while (std::optional<DecodedFrame> const decoded = decoder.Next()) {
+    Report(progress, decoder.Input().Progress(), path);
+    RequireRoom(timeStamps.size(), path);
+    timeStamps.push_back(decoded->frame->best_effort_timestamp);
+    lastDuration = libav::DurationOf(*decoded->frame);
+    if (decoder.IsInDoubt()) return std::nullopt;
+  }
+  if (decoder.IsInDoubt()) return std::nullopt;
+  return timeStamps;
+}
+
 /// The index of a file that is read from the beginning only.
 VideoIndex IndexByDecoding(std::string const &path, VideoDecoder &decoder,
                            Progress const &progress) {
-  decoder.Restart();
-  VideoIndex index;
-  index.timeBase = libav::ToRational(decoder.Input().Video().time_base);
   std::int64_t duration = 0;
-  while (std::optional<DecodedFrame> const decoded = decoder.Next()) {
-    Report(progress, decoder.Input().Progress(), path);
-    RequireRoom(index.timeStamps.size(), path);
-    index.timeStamps.push_back(decoded->frame->best_effort_timestamp);
-    duration = libav::DurationOf(*decoded->frame);
+  auto timeStamps = DecodeTimes(path, decoder, progress, duration);
+  if (!timeStamps) {
+    decoder.TakeCare();
+    timeStamps = DecodeTimes(path, decoder, progress, duration);
   }
-  if (index.timeStamps.empty()) {
+  if (!timeStamps || timeStamps->empty()) {
     throw MediaError(MediaProblem::Damaged, path, "no frame can be decoded");
   }
-  index.lastDuration = UsualDuration(index.timeStamps, duration);
-  if (!IsRising(index.timeStamps)) CountTime(index, decoder.Input().Video());
+  VideoIndex index;
+  index.timeBase = libav::ToRational(decoder.Input().Video().time_base);
+  index.timeStamps = std::move(*timeStamps);
+  if (IsRising(index.timeStamps)) {
+    index.lastDuration = UsualDuration(index.timeStamps, duration);
+  } else {
+    CountTime(index, decoder.Input().Video());
+  }
   return index;
 }
 
