@@ -23,9 +23,10 @@ struct MediaInfo {
   Rational pixelShape{1, 1};  ///< width to height of a pixel, after rotation
   bool hasAudio = false;
   bool hasVariableRate = false;
-  bool isSeekable = true;  ///< false where frames can only be read from the beginning on
-  int rotation = 0;        ///< clockwise degrees that were applied on reading: 0, 90, 180, 270
-  std::string container;   ///< short names of the format, codec and pixel format
+  bool isSeekable = true;   ///< false where frames can only be read from the beginning on
+  int rotation = 0;         ///< clockwise degrees that were applied on reading: 0, 90, 180, 270
+  bool isMirrored = false;  ///< left to right, before that rotation
+  std::string container;    ///< short names of the format, codec and pixel format
   std::string codec;
   std::string pixelFormat;
   std::string colourMatrix;            ///< such as "bt709"
