@@ -137,17 +137,18 @@ void RecoverySession::begin(std::string const &folder) {
 
 void RecoverySession::Store(Project const &project, std::string const &projectPath) {
   if (!m_lock) return;
-  Task task{JsonOfProject(project, projectPath), projectPath, project.media.path};
-  if (m_hasStored && !isBehind() && m_stored.IsSameAs(*task.project)) return;
-  m_stored = *task.project;
-  m_hasStored = true;
+  // Without the relative path, which the caller would have to wait for the file system for.
+  Task task{JsonOfProject(project, {}), projectPath, project.media.path};
+  bool const isSame = m_stored.project && m_stored.projectPath == projectPath &&
+                      m_stored.project->IsSameAs(*task.project);
+  if (isSame && !isBehind()) return;
+  m_stored = task;
   give(std::move(task));
 }
 
 void RecoverySession::Discard() {
-  if (!m_lock || !m_hasStored) return;
-  m_stored = wxJSONValue();
-  m_hasStored = false;
+  if (!m_lock || !m_stored.project) return;
+  m_stored = {};
   give({});
 }
 

@@ -70,8 +70,7 @@ private:
   std::string m_path;
   std::string m_lockPath;
   std::unique_ptr<FileLock> m_lock;  // held, or the session writes nothing
-  wxJSONValue m_stored;              // what the last task writes; the caller's thread
-  bool m_hasStored = false;          // likewise
+  Task m_stored;                     // the last one that was given; the caller's thread
   FailureHandler m_onFailure;
   bool m_hasToldFailure = false;  // guarded by m_mutex, as what follows
   bool m_isBehind = false;        ///< the last task failed

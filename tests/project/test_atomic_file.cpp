@@ -51,14 +51,15 @@ private:
   mode_t m_former;
 };
 
-/// Runs `action` in a child process and returns its exit code, or minus the signal that ended it.
-/// The child leaves without running any exit handlers of the test program.
+/// Starts a child process that ends with the code that `action` returns, without running any exit
+/// handlers of the test program.
 pid_t Fork(std::function<int()> const &action) {
   pid_t const child = fork();
   if (child == 0) _exit(action());
   return child;
 }
 
+/// The exit code of the child, or minus the signal that ended it.
 int WaitFor(pid_t child) {
   int status = 0;
   waitpid(child, &status, 0);

@@ -161,7 +161,11 @@ TEST_F(Recovery, LeavesOutWhatIsStoredAlready) {
   session.Store(Numbered(1), "");
   session.Finish();
   EXPECT_EQ(ReadAll(session.Path()), "mark");
-  session.Store(Numbered(2), "");
+  session.Store(Numbered(1), "/cases/case.framenote");
+  session.Finish();
+  EXPECT_NE(ReadAll(session.Path()), "mark");
+  WriteAll(session.Path(), "mark");
+  session.Store(Numbered(2), "/cases/case.framenote");
   session.Finish();
   EXPECT_NE(ReadAll(session.Path()), "mark");
 }
