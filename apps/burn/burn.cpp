@@ -12,7 +12,8 @@
 
 #include "burn_options.h"
 #include "framenote/annotation_tool.h"
-#include "output_file.h"
+#include "project/atomic_file.h"
+#include "project/file_error.h"
 #include "talbase/json_text.h"
 
 namespace {
@@ -106,8 +107,10 @@ void Burn(BurnOptions const &options) {
   wxJSONValue const document = ReadDocument(options.document);
   wxImage const picture = ReadPicture(options.input);
   wxImage const burnt = BurnIn(options, document, picture);
-  std::string const error = WriteWhole(options.output, Encoded(burnt, type, options.output));
-  if (!error.empty()) {
-    throw OutputError("output " + Quoted(options.output) + " cannot be written: " + error);
+  std::string const bytes = Encoded(burnt, type, options.output);
+  try {
+    WriteFileAtomically(options.output, bytes);
+  } catch (FileError const &error) {
+    throw OutputError("output " + Quoted(options.output) + " cannot be written: " + error.Cause());
   }
 }

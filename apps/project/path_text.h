@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include <wx/string.h>
+
+#include "talbase/json_value.h"
+
+/// Paths are bytes, and need not be text. These are their forms for people and for JSON.
+
+/// For showing only: bytes that are no UTF-8 appear as Latin-1.
+wxString TextOfPath(std::string const &path);
+
+/// A path that is UTF-8 as a string; any other one as an array of its bytes, so that it is the same
+/// when it is read again.
+wxJSONValue JsonOfPath(std::string const &path);
+/// Reads the form that JsonOfPath writes; anything else gives the empty path.
+std::string PathOfJson(wxJSONValue const &json);
