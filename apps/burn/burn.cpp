@@ -1,73 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "burn.h"
+#include "burn/burn.h"
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
+#include <utility>
 
-#include <wx/image.h>
-#include <wx/mstream.h>
-
-#include "burn_options.h"
-#include "framenote/annotation_tool.h"
-#include "project/atomic_file.h"
-#include "project/file_error.h"
-#include "talbase/json_text.h"
+#include "burn/burn_options.h"
+#include "media/media_error.h"
+#include "project/project_file.h"
 
 namespace {
-
-/// Documents and pictures beyond this are not read.
-constexpr std::uintmax_t kMaxFileSize = std::uintmax_t{1} << 31;
-constexpr char const *kAnnotateKey = "Annotate";
-
-std::string Quoted(std::string const &path) {
-  return "'" + path + "'";
-}
-
-/// The bytes of a regular file; pipes and devices could block for ever.
-std::string ReadFile(std::string const &path, char const *what) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) {
-    throw InputError(std::string(what) + " " + Quoted(path) + " is not a file");
-  }
-  if (std::filesystem::file_size(path, error) > kMaxFileSize || error) {
-    throw InputError(std::string(what) + " " + Quoted(path) + " is too large");
-  }
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  if (!file || !bytes) throw InputError(std::string(what) + " " + Quoted(path) + " cannot be read");
-  return bytes.str();
-}
-
-wxJSONValue ReadDocument(std::string const &path) {
-  wxJSONValue const document = JsonFromUtf8(ReadFile(path, "document"));
-  if (!document.IsValid()) throw InputError("document " + Quoted(path) + " is not JSON");
-  if (!document.ItemAt(kAnnotateKey).IsObject()) {
-    throw InputError("document " + Quoted(path) + " holds no \"Annotate\" object");
-  }
-  return document;
-}
-
-wxImage ReadPicture(std::string const &path) {
-  std::string const bytes = ReadFile(path, "picture");
-  wxMemoryInputStream stream(bytes.data(), bytes.size());
-  wxImage picture(stream);
-  if (!picture.IsOk()) throw InputError("picture " + Quoted(path) + " cannot be read");
-  return picture;
-}
-
-wxBitmapType TypeOf(std::string const &path) {
-  wxString const extension =
-      wxString::FromUTF8(std::filesystem::path(path).extension().string()).Lower();
-  if (extension == ".png") return wxBITMAP_TYPE_PNG;
-  if (extension == ".jpg" || extension == ".jpeg") return wxBITMAP_TYPE_JPEG;
-  if (extension == ".bmp") return wxBITMAP_TYPE_BMP;
-  if (extension == ".tif" || extension == ".tiff") return wxBITMAP_TYPE_TIFF;
-  throw ArgumentError("output " + Quoted(path) + " is of no known kind: .png, .jpg, .bmp or .tif");
-}
 
 wxString FromArgument(std::string const &utf8) {
   wxString const text = wxString::FromUTF8(utf8);
@@ -75,42 +17,70 @@ wxString FromArgument(std::string const &utf8) {
   return text;
 }
 
-wxImage BurnIn(BurnOptions const &options, wxJSONValue const &document, wxImage const &picture) {
-  AnnotationToolConfig const config(options.withDeviceContext, options.withDeviceContext, true,
-                                    true, options.extend, {});
-  auto const tool = std::make_shared<AnnotationTool>(config);
-  // The document's own runs say how long the objects are; the picture is but one frame.
-  tool->FromJSON(document, 1);
-  // Without a colour for what lies beyond it, the result has the picture's own size.
-  if (!options.extend) tool->SetExtensionColour(wxNullColour);
-  AnnotationTool::MacroPairs macros;
-  for (auto const &[name, value] : options.macros) {
-    macros.emplace_back(FromArgument(name), FromArgument(value));
-  }
-  return tool->GetAnnotatedFrame(picture, {options.frame, 1, false}, macros);
+/// The media to burn into: what the arguments say, or else what the project was made on.
+std::string InputOf(BurnOptions const &options) {
+  if (!options.input.empty()) return options.input;
+  Project const project = ReadProject(options.document);
+  MediaLookup const lookup = FindMedia(project, options.document);
+  if (!lookup.path.empty()) return lookup.path;
+  std::string const name = lookup.tried.empty() ? options.document : lookup.tried.front();
+  throw MediaError(MediaProblem::NotFound, name);
 }
 
-std::string Encoded(wxImage const &image, wxBitmapType type, std::string const &path) {
-  wxMemoryOutputStream stream;
-  if (!image.IsOk() || !image.SaveFile(stream, type)) {
-    throw OutputError("output " + Quoted(path) + " cannot be encoded");
+BurnLook LookOf(BurnOptions const &options) {
+  BurnLook look;
+  look.withDeviceContext = options.withDeviceContext;
+  look.extend = options.extend;
+  look.stillFrame = options.frame.value_or(0);
+  for (auto const &[name, value] : options.macros) {
+    look.macros.emplace_back(FromArgument(name), FromArgument(value));
   }
-  std::string bytes(stream.GetSize(), '\0');
-  stream.CopyTo(bytes.data(), bytes.size());
-  return bytes;
+  return look;
+}
+
+/// The frames to burn. A still picture is one, whatever frame of the document it stands for.
+FrameRange RangeOf(BurnOptions const &options, MediaInfo const &info) {
+  if (info.kind == MediaInfo::Kind::Still) {
+    if (options.range) throw ArgumentError("--frames wants a video; a picture takes --frame");
+    return {0, 0};
+  }
+  if (options.range) return *options.range;
+  if (options.frame) return {*options.frame, *options.frame};
+  if (BurnOutputOf(options.output) == BurnOutput::Picture) return {0, 0};
+  return {0, info.frameCount - 1};
+}
+
+/// Without --codec a video that is to be shared is H.264, and one in Matroska lossless.
+VideoCodec CodecOf(BurnOptions const &options) {
+  if (options.codec) return *options.codec;
+  std::size_t const dot = options.output.rfind('.');
+  bool const isMatroska = dot != std::string::npos && (options.output.substr(dot) == ".mkv" ||
+                                                       options.output.substr(dot) == ".MKV");
+  return isMatroska ? VideoCodec::FFV1 : VideoCodec::H264;
 }
 
 }  // namespace
 
-void Burn(BurnOptions const &options) {
-  wxBitmapType const type = TypeOf(options.output);
+BurnResult Burn(BurnOptions const &options,
+                std::function<bool(BurnProgress const &)> const &progress) {
+  if (BurnOutputOf(options.output) == BurnOutput::Unknown) {
+    throw ArgumentError("output '" + options.output +
+                        "' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov");
+  }
+  BurnSettings settings;
+  settings.look = LookOf(options);
   wxJSONValue const document = ReadDocument(options.document);
-  wxImage const picture = ReadPicture(options.input);
-  wxImage const burnt = BurnIn(options, document, picture);
-  std::string const bytes = Encoded(burnt, type, options.output);
+  std::unique_ptr<MediaSource> const source = OpenMedia(InputOf(options));
+  settings.range = RangeOf(options, source->Info());
+  settings.output = options.output;
+  settings.codec = CodecOf(options);
+  settings.quality = options.quality;
+  settings.keepAudio = options.keepAudio;
+  settings.keepMetadata = options.keepMetadata;
+  settings.report = options.report;
   try {
-    WriteFileAtomically(options.output, bytes);
-  } catch (FileError const &error) {
-    throw OutputError("output " + Quoted(options.output) + " cannot be written: " + error.Cause());
+    return RunBurnJob(*source, document, settings, progress);
+  } catch (std::invalid_argument const &error) {
+    throw ArgumentError(error.what());
   }
 }

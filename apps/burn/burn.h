@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <stdexcept>
+#include <string>
+
+#include "project/burn_job.h"
 
 struct BurnOptions;
 
-/// Why a burn failed; what() is one line that names the file.
-class InputError : public std::runtime_error {
-public:
-  using std::runtime_error::runtime_error;
-};
+/// Arguments that do not fit the files; what() is one line.
 class ArgumentError : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
 };
-class OutputError : public std::runtime_error {
-public:
-  using std::runtime_error::runtime_error;
-};
 
-/// Reads the document and the picture, burns the annotations in and writes the result, whole or not
-/// at all. Throws one of the errors above. REQUIRES: wxWidgets is started.
-void Burn(BurnOptions const &options);
+/// Reads the document and the media, burns the annotations in and writes the result, whole or not
+/// at all. `progress` is called after each frame; false stops.
+/// Throws ArgumentError, and what reading and writing throw: ProjectError, MediaError, FileError.
+/// REQUIRES: wxWidgets is started.
+BurnResult Burn(BurnOptions const &options,
+                std::function<bool(BurnProgress const &)> const &progress);

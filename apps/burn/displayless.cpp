@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "displayless.h"
+#include "burn/displayless.h"
 
 #include <wx/debug.h>
 #include <wx/font.h>

@@ -1,18 +1,48 @@
 // SPDX-License-Identifier: MIT
-// framenote-burn: a picture and a document in, the picture with the annotations burnt in out.
+// framenote-burn: a document and its media in, the media with the annotations burnt in out.
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
-#include "burn.h"
-#include "burn_options.h"
-#include "displayless.h"
+#include "burn/burn.h"
+#include "burn/burn_options.h"
+#include "burn/displayless.h"
+#include "burn/progress_output.h"
+#include "media/media_error.h"
+#include "project/file_error.h"
 
 namespace {
 
-enum ExitCode { kDone = 0, kInputError = 1, kArgumentError = 2, kOutputError = 3 };
+enum ExitCode {
+  kDone = 0,
+  kInputError = 1,
+  kArgumentError = 2,
+  kOutputError = 3,
+  kInterrupted = 130  // as shells count a program that ended by SIGINT
+};
+
+std::atomic<bool> isInterrupted{false};
+static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
+
+/// A first signal lets the burn clean up after itself.
+void StopOnSignals() {
+  struct sigaction action {};
+  action.sa_handler = [](int) { isInterrupted = true; };
+  action.sa_flags = SA_RESTART;
+  for (int const signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction former {};
+    sigaction(signal, nullptr, &former);
+    // What the caller had ignored, as nohup does, stays so.
+    if (former.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+  }
+  // A file beyond the size limit, or a reader of our output that has gone, is then a failed write,
+  // which is reported and cleaned up after.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
+}
 
 /// Exactly one line, whatever the names in the message hold.
 int Fail(ExitCode code, std::string message) {
@@ -23,15 +53,29 @@ int Fail(ExitCode code, std::string message) {
   return code;
 }
 
+ExitCode CodeOf(MediaError const &error, BurnOptions const &options) {
+  if (error.Problem() == MediaProblem::Cancelled) return kInterrupted;
+  bool const isOutput =
+      error.Problem() == MediaProblem::WriteFailed || error.Path() == options.output;
+  return isOutput ? kOutputError : kInputError;
+}
+
 int Run(BurnOptions const &options) {
   DisplaylessSession const session;
   if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
+  ProgressOutput output(options.progress);
+  auto const show = [&output](BurnProgress const &progress) {
+    output.Show(progress);
+    return !isInterrupted;
+  };
   try {
-    Burn(options);
+    output.ShowDone(options, Burn(options, show));
   } catch (ArgumentError const &error) {
     return Fail(kArgumentError, error.what());
-  } catch (OutputError const &error) {
+  } catch (FileError const &error) {
     return Fail(kOutputError, error.what());
+  } catch (MediaError const &error) {
+    return Fail(CodeOf(error, options), error.what());
   } catch (std::exception const &error) {
     return Fail(kInputError, error.what());
   }
@@ -41,8 +85,7 @@ int Run(BurnOptions const &options) {
 }  // namespace
 
 int main(int argc, char **argv) {
-  // A file beyond the size limit is then a failed write, which is reported and cleaned up after.
-  std::signal(SIGXFSZ, SIG_IGN);
+  StopOnSignals();
   std::string error;
   BurnOptions const options =
       ParseBurnOptions(std::vector<std::string>(argv + 1, argv + argc), error);

@@ -53,7 +53,7 @@ AtomicFile::~AtomicFile() {
   if (!m_isInPlace) fs::remove(TemporaryPath(), ignored);
 }
 
-void AtomicFile::Commit() {
+void AtomicFile::CloseOnDisk() {
   std::error_code error;
   if (fs::exists(m_former)) {
     // The process's mask has taken rights away that the former file had.
@@ -61,6 +61,12 @@ void AtomicFile::Commit() {
     if (error) throw FileError(m_target, error.message());
   }
   m_file.CloseOnDisk();
+  m_isClosed = true;
+}
+
+void AtomicFile::Commit() {
+  if (!m_isClosed) CloseOnDisk();
+  std::error_code error;
   fs::rename(TemporaryPath(), m_target, error);
   if (error) throw FileError(m_target, error.message());
   m_isInPlace = true;

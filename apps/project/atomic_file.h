@@ -26,6 +26,8 @@ public:
   std::string const &TemporaryPath() const { return m_file.Path(); }
   /// Appends to what was written this way before.
   void Write(std::string_view bytes) { m_file.Write(bytes); }
+  /// Waits until what was written is on the disk, and closes the file; only Commit is left to do.
+  void CloseOnDisk();
   /// Puts the file in the target's place. It has the rights of the file that was there, or else
   /// those of any new file. Where it throws, the target may be old or new, but is whole.
   void Commit();
@@ -34,6 +36,7 @@ private:
   std::string m_target;  ///< with symbolic links followed
   std::filesystem::file_status m_former;
   NewFile m_file;
+  bool m_isClosed = false;
   bool m_isInPlace = false;
 };
 

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "burn/progress_output.h"
+
+#include <cstdio>
+#include <string>
+
+#include <unistd.h>
+
+#include "project/path_text.h"
+#include "talbase/json_text.h"
+
+namespace {
+
+using Form = BurnOptions::ProgressForm;
+
+void PrintLine(wxJSONValue const &value) {
+  std::puts(JsonToUtf8(value).c_str());
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+ProgressOutput::ProgressOutput(Form form) : m_form(form) {
+  // Without a terminal the line would only fill a log.
+  if (m_form == Form::Line && isatty(STDERR_FILENO) == 0) m_form = Form::None;
+}
+
+ProgressOutput::~ProgressOutput() {
+  if (m_isLineOpen) std::fputc('\n', stderr);
+}
+
+void ProgressOutput::Show(BurnProgress const &progress) {
+  if (m_form == Form::Line) {
+    auto const percent = static_cast<int>(100 * progress.done / progress.frames);
+    std::fprintf(stderr, "\r%lld of %lld frames, %d %%, %.1f frames/s, %.0f s left   ",
+                 static_cast<long long>(progress.done), static_cast<long long>(progress.frames),
+                 percent, progress.framesPerSecond, progress.secondsLeft);
+    std::fflush(stderr);
+    m_isLineOpen = true;
+  } else if (m_form == Form::Json) {
+    wxJSONValue line(wxJSONTYPE_OBJECT);
+    line.Set("done", static_cast<long long>(progress.done));
+    line.Set("frames", static_cast<long long>(progress.frames));
+    line.Set("framesPerSecond", progress.framesPerSecond);
+    line.Set("secondsLeft", progress.secondsLeft);
+    PrintLine(line);
+  }
+}
+
+void ProgressOutput::ShowDone(BurnOptions const &options, BurnResult const &result) {
+  if (m_form != Form::Json) return;
+  wxJSONValue line(wxJSONTYPE_OBJECT);
+  line.Set("result", "done");
+  line.Set("output", JsonOfPath(options.output));
+  if (!options.report.empty()) line.Set("report", JsonOfPath(options.report));
+  line.Set("damagedFrames", static_cast<unsigned long long>(result.damagedFrames.size()));
+  PrintLine(line);
+}

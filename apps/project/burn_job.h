@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "media/media_source.h"
+#include "media/video_writer.h"
+#include "project/frame_burner.h"
+#include "project/frame_pipeline.h"
+#include "project/output_name.h"
+#include "talbase/json_value.h"
+
+struct BurnSettings {
+  FrameRange range;
+  BurnLook look;
+  std::string output;  ///< its kind by its name; in the bytes of the file system
+  VideoCodec codec = VideoCodec::FFV1;
+  int quality = 17;  ///< of H.264: its constant rate factor, 0 (best) to 51
+  bool keepAudio = true;
+  bool keepMetadata = false;
+  std::string report;  ///< a file for the report; empty: none
+};
+
+struct BurnProgress {
+  std::int64_t done = 0;
+  std::int64_t frames = 0;
+  double framesPerSecond = 0.0;
+  double secondsLeft = 0.0;
+};
+
+struct BurnResult {
+  std::vector<std::int64_t> damagedFrames;  ///< that the decoder had to make up in part
+  wxJSONValue report;                       ///< null if none was asked for
+};
+
+/// Burns the annotations of `document` into frames of `source` and writes the output, whole or not
+/// at all: it gets its name when it is complete, and the report is written before that.
+/// `progress` is called after each frame; false stops. Belongs to the GUI thread.
+/// Throws MediaError (Cancelled if it was stopped), FileError, and std::invalid_argument for an
+/// output of unknown kind, a range outside the source, or an output or a report that is the source
+/// itself. REQUIRES: `source` reads the frames for this job alone while it runs.
+BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
+                      BurnSettings const &settings,
+                      std::function<bool(BurnProgress const &)> const &progress);
