@@ -69,7 +69,9 @@ TEST_F(Colours, UntaggedIsHighDefinitionFrom720Lines) {
 }
 
 TEST_F(Colours, RgbVideoIsBitExact) {
-  Ffmpeg("-f lavfi -i testsrc2=s=161x121:d=0.2 -pix_fmt rgb24 -f rawvideo source.rgb");
+  Ffmpeg(
+      "-f lavfi -i testsrc2=s=160x120:d=0.2 -vf format=rgb24,scale=161:121,format=rgb24 -f "
+      "rawvideo source.rgb");
   std::string const expected = ReadAll(In("source.rgb"));
   for (std::string const codec : {"ffv1 -pix_fmt bgr0", "png -pix_fmt rgb24"}) {
     Ffmpeg("-f rawvideo -pix_fmt rgb24 -s 161x121 -i source.rgb -c:v " + codec + " rgb.mkv");

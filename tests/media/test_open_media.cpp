@@ -2,6 +2,7 @@
 // What cannot be opened or read, and the indexes that are kept.
 #include <chrono>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,10 +24,12 @@ protected:
   }
   /// Overwrites the middle third of the clip's packet, which leaves the container whole.
   void Break(std::string const &name, int packet) {
-    std::string const line = OutputOf(
-        "ffprobe -v quiet -select_streams v -show_packets -show_entries packet=size,pos"
-        " -of csv=p=0 " +
-        name + " | sed -n " + std::to_string(packet + 1) + "p");
+    std::istringstream lines(
+        OutputOf("ffprobe -v quiet -select_streams v -show_packets -show_entries packet=size,pos "
+                 "-of csv=p=0 " +
+                 name));
+    std::string line;
+    for (int i = 0; i <= packet; ++i) std::getline(lines, line);
     std::size_t const size = std::stoul(line);
     std::size_t const at = std::stoul(line.substr(line.find(',') + 1));
     std::string bytes = ReadAll(In(name));
