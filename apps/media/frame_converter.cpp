@@ -134,6 +134,12 @@ void FrameConverter::Prepare(AVFrame const &frame, std::string const &path) {
   // Refused where there is no YUV to convert.
   sws_setColorspaceDetails(scaler, coefficients, colours.isFullRange,
                            sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, kUnit, kUnit);
+  m_target = libav::NewFrame();
+  m_target->format = TargetFormat(colours);
+  m_target->width = m_width;
+  m_target->height = m_height;
+  bool const hasPlanes = m_target->format != AV_PIX_FMT_RGB24;
+  if (hasPlanes && av_frame_get_buffer(m_target.get(), 0) < 0) throw std::bad_alloc();
   m_format = frame.format;
   m_frameWidth = frame.width;
   m_frameHeight = frame.height;
@@ -144,20 +150,14 @@ Picture FrameConverter::Convert(AVFrame const &frame, std::string const &path) {
   Prepare(frame, path);
   Picture picture(m_width, m_height);
   libav::FramePtr const source = libav::NewFrame();
-  libav::FramePtr const target = libav::NewFrame();
   if (av_frame_ref(source.get(), &frame) < 0) throw std::bad_alloc();
   source->format = PlainFormat(static_cast<AVPixelFormat>(frame.format));
-  target->format = TargetFormat(m_colours);
-  target->width = m_width;
-  target->height = m_height;
-  bool const isPacked = target->format == AV_PIX_FMT_RGB24;
-  if (isPacked) {
-    Lend(picture, *target);
-  } else if (av_frame_get_buffer(target.get(), 0) < 0) {
-    throw std::bad_alloc();
-  }
-  int const result = sws_scale_frame(m_scaler.get(), target.get(), source.get());
+  AVFrame &target = *m_target;
+  bool const isPacked = target.format == AV_PIX_FMT_RGB24;
+  if (isPacked) Lend(picture, target);
+  int const result = sws_scale_frame(m_scaler.get(), &target, source.get());
+  if (isPacked) av_buffer_unref(&target.buf[0]);
   if (result < 0) throw MediaError(MediaProblem::Unsupported, path, libav::ErrorText(result));
-  if (!isPacked) Interleave(*target, picture);
+  if (!isPacked) Interleave(target, picture);
   return Turned(std::move(picture), m_turn);
 }

@@ -38,6 +38,7 @@ private:
   int m_height;
   PictureTurn m_turn;
   libav::ScalerPtr m_scaler;
+  libav::FramePtr m_target;  ///< what it writes to, kept for the next frame
   /// What the scaler was made for.
   int m_format = AV_PIX_FMT_NONE;
   int m_frameWidth = 0;

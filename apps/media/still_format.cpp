@@ -130,15 +130,47 @@ std::size_t SkipBetween(std::string_view bytes, std::size_t at) {
   return at;
 }
 
-void ReadPnm(std::string_view bytes, StillHeader &header) {
+/// The number that follows at `at`, which is moved behind it; cut to a size that nothing has.
+std::int64_t NextPnmNumber(std::string_view bytes, std::size_t &at) {
   constexpr std::int64_t kTooMuch = 1'000'000'000;
-  std::size_t at = 2;
-  for (std::int64_t *size : {&header.width, &header.height}) {
-    at = SkipBetween(bytes, at);
-    for (; at < bytes.size() && bytes[at] >= '0' && bytes[at] <= '9'; ++at) {
-      if (*size < kTooMuch) *size = *size * 10 + (bytes[at] - '0');
-    }
+  std::int64_t number = 0;
+  at = SkipBetween(bytes, at);
+  for (; at < bytes.size() && bytes[at] >= '0' && bytes[at] <= '9'; ++at) {
+    if (number < kTooMuch) number = number * 10 + (bytes[at] - '0');
   }
+  return number;
+}
+
+void ReadPnm(std::string_view bytes, StillHeader &header) {
+  std::size_t at = 2;
+  header.width = NextPnmNumber(bytes, at);
+  header.height = NextPnmNumber(bytes, at);
+}
+
+std::int64_t CountWords(std::string_view bytes) {
+  std::int64_t words = 0;
+  bool wasSpace = true;
+  for (char const character : bytes) {
+    bool const isSpace = IsSpace(character);
+    if (wasSpace && !isSpace) ++words;
+    wasSpace = isSpace;
+  }
+  return words;
+}
+
+/// REQUIRES: the size in the header is an accepted one.
+bool IsWholePnm(std::string_view bytes, StillHeader const &header) {
+  bool const isColoured = bytes[1] == '3' || bytes[1] == '6';
+  bool const isText = bytes[1] <= '3';
+  std::size_t at = 2;
+  NextPnmNumber(bytes, at);
+  NextPnmNumber(bytes, at);
+  std::int64_t const highest = NextPnmNumber(bytes, at);
+  std::int64_t const numbers = header.width * header.height * (isColoured ? 3 : 1);
+  std::string_view const rest = bytes.substr(at);
+  if (isText) return CountWords(rest) >= numbers;
+  // One character of white space ends the header; numbers beyond a byte take two.
+  return static_cast<std::int64_t>(rest.size()) >= 1 + numbers * (highest > 255 ? 2 : 1);
 }
 
 /// Reads what is needed of the first directory of a TIFF.
@@ -174,6 +206,13 @@ void ReadTiff(std::string_view bytes, StillHeader &header) {
         break;
     }
   }
+}
+
+bool IsWholeJpeg(std::string_view bytes) {
+  StillHeader header;
+  std::size_t const data = WalkJpeg(bytes, header);
+  // Within picture data a mark is told from a byte of that value by what follows.
+  return data < bytes.size() && bytes.substr(data).find("\xFF\xD9") != std::string_view::npos;
 }
 
 }  // namespace
@@ -228,9 +267,9 @@ char const *NameOf(Format format) {
   return "";
 }
 
-bool IsWholeJpeg(std::string_view bytes) {
-  StillHeader header;
-  std::size_t const data = WalkJpeg(bytes, header);
-  // Within picture data a mark is told from a byte of that value by what follows.
-  return data < bytes.size() && bytes.substr(data).find("\xFF\xD9") != std::string_view::npos;
+bool IsWhole(std::string_view bytes, StillHeader const &header) {
+  if (header.format == Format::Jpeg) return IsWholeJpeg(bytes);
+  // Bitmaps, with one bit a pixel, have no highest number; their decoder refuses them anyway.
+  bool const isNumbers = header.format == Format::Pnm && bytes[1] != '1' && bytes[1] != '4';
+  return !isNumbers || IsWholePnm(bytes, header);
 }

@@ -28,5 +28,6 @@ bool IsStill(std::string_view bytes);
 std::optional<StillHeader> ReadStillHeader(std::string_view bytes);
 /// "png" and the like.
 char const *NameOf(StillHeader::Format format);
-/// Whether a JPEG goes on to its end mark; libjpeg fills up one that does not.
-bool IsWholeJpeg(std::string_view bytes);
+/// Whether a picture is there to its end, in the formats whose decoders fill up what is missing:
+/// a JPEG's end mark, a PNM's numbers. True for the other formats.
+bool IsWhole(std::string_view bytes, StillHeader const &header);

@@ -110,7 +110,7 @@ std::unique_ptr<MediaSource> OpenStill(std::string const &path, std::string byte
   if (!IsAcceptedSize(header->width, header->height)) {
     throw MediaError(MediaProblem::TooLarge, path);
   }
-  if (header->format == Format::Jpeg && !IsWholeJpeg(bytes)) {
+  if (!IsWhole(bytes, *header)) {
     throw MediaError(MediaProblem::Damaged, path, "its end is missing");
   }
   PictureTurn const turn = TurnOfExif(ExifOrientation(bytes));

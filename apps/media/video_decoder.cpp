@@ -48,8 +48,9 @@ void VideoDecoder::OpenCodec() {
   m_codec->pkt_timebase = m_input->Video().time_base;
   m_codec->max_pixels = kMostPixels;
   m_codec->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER;
-  m_codec->thread_count = ThreadCount();
-  m_codec->thread_type = m_isCareful ? FF_THREAD_SLICE : FF_THREAD_FRAME | FF_THREAD_SLICE;
+  // No threads for slices: H.264 would patch nothing up then, and leave what was in memory before.
+  m_codec->thread_count = m_isCareful ? 1 : ThreadCount();
+  m_codec->thread_type = FF_THREAD_FRAME;
   libav::CountComplaints(*m_codec, m_complaints);
   if (result >= 0) result = avcodec_open2(m_codec.get(), codec, nullptr);
   if (result < 0) throw MediaError(MediaProblem::Damaged, path, libav::ErrorText(result));
