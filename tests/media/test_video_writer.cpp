@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <cerrno>
-#include <cstdlib>
-#include <numeric>
+#include <cstdint>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <system_error>
-#include <tuple>
+#include <vector>
 
 #include <sys/resource.h>
 
@@ -81,6 +82,7 @@ TEST_F(VideoWriterPictures, FFV1TellsDamageByItsCheckSums) {
 }
 
 struct MatrixCase {
+  char const *name;
   char const *matrix;
   char const *tags;
   int y, u, v;
@@ -90,35 +92,37 @@ struct MatrixCase {
 // Y = 16 + 219 * luma / 255, U = 128 + 224 * (20 - luma) / 255 / d, and V likewise with 200, where
 // d is 1.8556 and 1.5748 in BT.709, 1.772 and 1.402 in BT.601.
 constexpr MatrixCase kMatrixCases[] = {
-    {"bt709", "tv,bt709,bt709,bt709,left", 84, 100, 195},
-    {"smpte170m", "tv,smpte170m,smpte170m,smpte170m,left", 95, 93, 196},
-    {"bt470bg", "tv,bt470bg,smpte170m,bt470bg,left", 95, 93, 196},
+    {"a.mp4", "bt709", "tv,bt709,bt709,bt709,left", 84, 100, 195},
+    {"a.mov", "bt709", "tv,bt709,bt709,bt709,left", 84, 100, 195},
+    {"a.mkv", "bt709", "tv,bt709,bt709,bt709,left", 84, 100, 195},
+    {"a.mp4", "smpte170m", "tv,smpte170m,smpte170m,smpte170m,left", 95, 93, 196},
+    {"a.mkv", "bt470bg", "tv,bt470bg,smpte170m,bt470bg,left", 95, 93, 196},
 };
 
 TEST_F(VideoWriterPictures, H264HasTheColoursOfItsMatrix) {
   for (MatrixCase const &row : kMatrixCases) {
+    SCOPED_TRACE(std::string(row.matrix) + " in " + row.name);
     VideoSettings settings = SettingsFor(VideoCodec::H264);
     settings.colourMatrix = row.matrix;
-    for (char const *const name : {"a.mp4", "a.mov", "a.mkv"}) {
-      auto const writer = CreateVideo(PathOf(name), name, settings);
-      writer->Write(Plain(64, 48, 200, 50, 20), 0, 1);
-      writer->Finish();
-      EXPECT_EQ(Probe(PathOf(name),
-                      "-show_entries stream=color_range,color_space,color_transfer,"
-                      "color_primaries,chroma_location"),
-                Lines{row.tags});
-      std::string const yuv = Decoded(PathOf(name), "yuv420p");
-      ASSERT_EQ(yuv.size(), 64U * 48U * 3U / 2U);
-      auto const at = [&yuv](std::size_t i) { return static_cast<unsigned char>(yuv[i]); };
-      EXPECT_NEAR(at(24 * 64 + 32), row.y, 1) << row.matrix;
-      EXPECT_NEAR(at(64 * 48 + 12 * 32 + 16), row.u, 1) << row.matrix;
-      EXPECT_NEAR(at(64 * 48 * 5 / 4 + 12 * 32 + 16), row.v, 1) << row.matrix;
-      std::string const rgb = Decoded(PathOf(name), "rgb24");
-      ASSERT_EQ(rgb.size(), 64U * 48U * 3U);
-      EXPECT_NEAR(static_cast<unsigned char>(rgb[0]), 200, 3) << row.matrix;
-      EXPECT_NEAR(static_cast<unsigned char>(rgb[1]), 50, 3) << row.matrix;
-      EXPECT_NEAR(static_cast<unsigned char>(rgb[2]), 20, 3) << row.matrix;
-    }
+    std::string const path = PathOf(row.name);
+    auto const writer = CreateVideo(path, row.name, settings);
+    writer->Write(Plain(64, 48, 200, 50, 20), 0, 1);
+    writer->Finish();
+    EXPECT_EQ(Probe(path,
+                    "-show_entries stream=color_range,color_space,color_transfer,"
+                    "color_primaries,chroma_location"),
+              Lines{row.tags});
+    std::string const yuv = Decoded(path, "yuv420p");
+    ASSERT_EQ(yuv.size(), 64U * 48U * 3U / 2U);
+    auto const at = [&yuv](std::size_t i) { return static_cast<unsigned char>(yuv[i]); };
+    EXPECT_NEAR(at(24 * 64 + 32), row.y, 1);
+    EXPECT_NEAR(at(64 * 48 + 12 * 32 + 16), row.u, 1);
+    EXPECT_NEAR(at(64 * 48 * 5 / 4 + 12 * 32 + 16), row.v, 1);
+    std::string const rgb = Decoded(path, "rgb24");
+    ASSERT_EQ(rgb.size(), 64U * 48U * 3U);
+    EXPECT_NEAR(static_cast<unsigned char>(rgb[0]), 200, 3);
+    EXPECT_NEAR(static_cast<unsigned char>(rgb[1]), 50, 3);
+    EXPECT_NEAR(static_cast<unsigned char>(rgb[2]), 20, 3);
   }
 }
 
