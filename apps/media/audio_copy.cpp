@@ -233,6 +233,8 @@ void AudioCopy::QueueIfWanted(Track &track, OutputOwned<AVPacket> packet) {
   track.isStarted = true;
   if (begin >= m_end - kSame) track.isDone = true;
   if (begin < m_begin - kSame || begin >= m_end - kSame) return;
+  // Damaged sound goes along as it is, but not in silence.
+  if ((packet->flags & AV_PKT_FLAG_CORRUPT) != 0) m_problem = "damaged packet";
   Retime(track, *packet);
   KeepOnlySoundData(*packet);
   m_queue.push_back(std::move(packet));

@@ -36,7 +36,7 @@ public:
   AVPacket *Next();
   void Drop() { m_queue.pop_front(); }
 
-  /// Why sound is missing that the source should have; empty if none is.
+  /// Why sound is missing, or damaged, that the source should have; empty if none is.
   std::string const &Problem() const { return m_problem; }
 
 private:

@@ -14,7 +14,8 @@ enum class VideoCodec { H264, FFV1 };
 struct VideoSettings {
   VideoCodec codec = VideoCodec::FFV1;
   /// H.264 here has half the chroma each way, and so even sizes only: an odd last column or row is
-  /// repeated once, and no pixel of the picture moves. FFV1 keeps any size, bit for bit.
+  /// repeated once, and no pixel of the picture moves. FFV1 keeps any size from
+  /// 2 x 2 on, bit for bit.
   int width = 0;
   int height = 0;
   Rational timeBase{1, 25};  ///< of the time stamps given to Write, in seconds
@@ -22,7 +23,7 @@ struct VideoSettings {
   /// each frame the same duration.
   Rational frameRate;
   Rational pixelShape{1, 1};
-  int quality = 17;  ///< H.264's constant rate factor, 0 (best) to 51; FFV1 has none
+  int quality = 17;  ///< H.264's constant rate factor, 0 (lossless, for few players) to 51
   /// H.264: what its YUV is made with, and tagged as: "bt709", "smpte170m" or "bt470bg" (both are
   /// BT.601), "fcc", "smpte240m", "bt2020nc". Always limited range.
   std::string colourMatrix = "bt709";
@@ -65,8 +66,8 @@ public:
   /// Encodes what is pending, writes the rest of the audio and the index, and sees to it that all
   /// is on the disk. Throws like Write. REQUIRES: at least one picture; no other call follows.
   virtual void Finish() = 0;
-  /// Why audio is missing that the source should have, since it is damaged; in libav's words. Empty
-  /// if none is. For after Finish.
+  /// Why audio is missing or damaged that the source should have, in English; empty if none is. For
+  /// after Finish.
   virtual std::string AudioProblem() const = 0;
 };
 
