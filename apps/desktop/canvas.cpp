@@ -6,7 +6,8 @@
 #include <cmath>
 
 #include <wx/dcclient.h>
-#include <wx/settings.h>
+#include <wx/dcmemory.h>
+#include <wx/intl.h>
 
 #include "desktop/theme.h"
 #include "framenote/annotation_tool.h"
@@ -134,12 +135,37 @@ void Canvas::paintPicture(wxDC &dc) {
 
 void Canvas::updateCache(wxRect const &target) {
   wxPoint const origin = m_view.DeviceOrigin();
-  double const zoom = m_view.Zoom();
-  bool const isCurrent = m_cache.bitmap.IsOk() && m_cache.target == target &&
-                         m_cache.origin == origin && m_cache.zoom == zoom;
-  if (isCurrent) return;
-  bool const asPixels = m_showPixels && zoom >= kPixelsZoom;
+  bool const isSameZoom = m_cache.bitmap.IsOk() && m_cache.zoom == m_view.Zoom();
+  if (isSameZoom && m_cache.target == target && m_cache.origin == origin) return;
+  wxRect const kept(m_cache.target.GetPosition() + origin - m_cache.origin,
+                    isSameZoom ? m_cache.target.GetSize() : wxSize());
+  wxRect const overlap = kept.Intersect(target);
+  wxBitmap bitmap =
+      overlap.IsEmpty() ? rendered(target) : panned(target, overlap, kept.GetPosition());
+  m_cache = {std::move(bitmap), target, origin, m_view.Zoom()};
+}
+
+wxBitmap Canvas::rendered(wxRect const &target) {
+  bool const asPixels = m_showPixels && m_view.Zoom() >= kPixelsZoom;
   auto const enlarging =
       asPixels ? PictureScaler::Enlarging::Pixels : PictureScaler::Enlarging::Smooth;
-  m_cache = {wxBitmap(m_scaler.Render(target, origin, zoom, enlarging)), target, origin, zoom};
+  return wxBitmap(m_scaler.Render(target, m_view.DeviceOrigin(), m_view.Zoom(), enlarging));
+}
+
+// While the picture is dragged only what comes into view is scaled.
+wxBitmap Canvas::panned(wxRect const &target, wxRect const &overlap, wxPoint const &keptAt) {
+  wxBitmap bitmap(target.GetSize());
+  wxMemoryDC dc(bitmap);
+  dc.DrawBitmap(m_cache.bitmap, keptAt - target.GetPosition());
+  int const right = overlap.GetRight() + 1, bottom = overlap.GetBottom() + 1;
+  wxRect const bare[] = {{target.x, target.y, target.width, overlap.y - target.y},
+                         {target.x, bottom, target.width, target.GetBottom() + 1 - bottom},
+                         {target.x, overlap.y, overlap.x - target.x, overlap.height},
+                         {right, overlap.y, target.GetRight() + 1 - right, overlap.height}};
+  for (wxRect const &strip : bare) {
+    if (!strip.IsEmpty()) {
+      dc.DrawBitmap(rendered(strip), strip.GetPosition() - target.GetPosition());
+    }
+  }
+  return bitmap;
 }

@@ -89,6 +89,8 @@ private:
   void onPaint();
   void paintPicture(wxDC &dc);
   void updateCache(wxRect const &target);
+  wxBitmap rendered(wxRect const &target);
+  wxBitmap panned(wxRect const &target, wxRect const &overlap, wxPoint const &keptAt);
 
   // Mouse and keys
   void onMouse(wxMouseEvent &event);

@@ -12,6 +12,16 @@ namespace framenote::test {
 
 namespace {
 
+/// The first place where two pictures differ, or (-1, -1).
+wxPoint FirstDifference(wxImage const &a, wxImage const &b) {
+  for (int y = 0; y < a.GetHeight(); ++y) {
+    for (int x = 0; x < a.GetWidth(); ++x) {
+      if (a.GetRed(x, y) != b.GetRed(x, y)) return {x, y};
+    }
+  }
+  return {-1, -1};
+}
+
 class CanvasOnAWindow : public WindowTest {
 protected:
   void SetUp() override {
@@ -163,6 +173,22 @@ TEST_F(CanvasOnAWindow, ALostMouseFinishesTheGestureWhereItWas) {
   EXPECT_NE(m_driver.State(), ToolState::Drawing);
   Release();
   EXPECT_EQ(m_driver.ObjectCount(), 1U);
+}
+
+TEST_F(CanvasOnAWindow, APannedViewShowsWhatAFreshOneWould) {
+  ShowPicture(NoisePicture(1200, 900));
+  for (double const zoom : {0.7, 1.0, 1.5, 3.0}) {
+    m_canvas->ZoomTo(zoom);
+    m_canvas->CentreOn({600, 450});
+    Screenshot();
+    for (wxPoint const &way : {wxPoint(31, 17), wxPoint(-60, 5), wxPoint(3, -80)}) {
+      Drag({300, 200}, wxPoint(300, 200) + way, wxMOUSE_BTN_MIDDLE);
+      wxImage const shown = Screenshot();
+      m_canvas->SetPicture(m_canvas->Picture(), false);
+      wxImage const fresh = Screenshot();
+      EXPECT_EQ(FirstDifference(shown, fresh), wxPoint(-1, -1)) << zoom;
+    }
+  }
 }
 
 TEST_F(CanvasOnAWindow, TheMiddleButtonDragsThePicture) {

@@ -35,10 +35,10 @@ protected:
       ++m_paints;
       event.Skip();
     });
-    m_mouse.MouseMove(1200, 1000);
     m_frame->Show();
     Settle([this] { return m_paints > 0; });
     ASSERT_GT(m_paints, 0);
+    m_mouse.MouseMove(1200, 1000);
     Idle();
   }
 
