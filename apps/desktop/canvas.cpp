@@ -76,17 +76,10 @@ void Canvas::SetShowPixels(bool show) {
 void Canvas::changeView(std::function<void()> const &change) {
   double const zoomBefore = m_view.Zoom();
   change();
-  updateScrollBars();
+  ShowScrollBars(*this, m_view.HorizontalBar(), m_view.VerticalBar());
   Refresh();
   notifyPointer();
   if (m_view.Zoom() != zoomBefore && m_onZoom) m_onZoom(m_view.Zoom());
-}
-
-void Canvas::updateScrollBars() {
-  ViewTransform::ScrollBar const across = m_view.HorizontalBar();
-  ViewTransform::ScrollBar const down = m_view.VerticalBar();
-  SetScrollbar(wxHORIZONTAL, across.position, across.page, across.range);
-  SetScrollbar(wxVERTICAL, down.position, down.page, down.range);
 }
 
 void Canvas::refreshPixelRatio() {

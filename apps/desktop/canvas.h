@@ -82,7 +82,6 @@ private:
   void bindEvents();
   void changeView(std::function<void()> const &change);
   void notifyPointer();
-  void updateScrollBars();
   void refreshPixelRatio();
 
   // Painting

@@ -35,12 +35,7 @@ void Canvas::bindEvents() {
   }
   Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent &event) { onWheel(event); });
   Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent &) { onCaptureLost(); });
-  for (auto const &type :
-       {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP,
-        wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN,
-        wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
-    Bind(type, [this](wxScrollWinEvent &event) { onScroll(event); });
-  }
+  BindScrolling(*this, [this](wxScrollWinEvent const &event) { onScroll(event); });
   Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent &event) { onKey(event, true); });
   Bind(wxEVT_KEY_UP, [this](wxKeyEvent &event) { onKey(event, false); });
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent &event) {
@@ -171,21 +166,14 @@ void Canvas::onWheel(wxMouseEvent const &event) {
 }
 
 void Canvas::onScroll(wxScrollWinEvent const &event) {
-  bool const isHorizontal = event.GetOrientation() == wxHORIZONTAL;
-  ViewTransform::ScrollBar const across = m_view.HorizontalBar();
-  ViewTransform::ScrollBar const down = m_view.VerticalBar();
-  ViewTransform::ScrollBar const &bar = isHorizontal ? across : down;
-  wxEventType const type = event.GetEventType();
-  int position = event.GetPosition();
-  if (type == wxEVT_SCROLLWIN_TOP) position = 0;
-  if (type == wxEVT_SCROLLWIN_BOTTOM) position = bar.range;
-  if (type == wxEVT_SCROLLWIN_LINEUP) position = bar.position - FromDIP(kLine);
-  if (type == wxEVT_SCROLLWIN_LINEDOWN) position = bar.position + FromDIP(kLine);
-  if (type == wxEVT_SCROLLWIN_PAGEUP) position = bar.position - bar.page;
-  if (type == wxEVT_SCROLLWIN_PAGEDOWN) position = bar.position + bar.page;
+  ScrollBar const across = m_view.HorizontalBar();
+  ScrollBar const down = m_view.VerticalBar();
   changeView([&] {
-    isHorizontal ? m_view.ScrollTo(position, down.position)
-                 : m_view.ScrollTo(across.position, position);
+    if (event.GetOrientation() == wxHORIZONTAL) {
+      m_view.ScrollTo(WantedPosition(event, across, FromDIP(kLine)), down.position);
+    } else {
+      m_view.ScrollTo(across.position, WantedPosition(event, down, FromDIP(kLine)));
+    }
   });
 }
 

@@ -46,7 +46,7 @@ double ViewTransform::Axis::Clamped(double origin) const {
   return std::min(std::max(origin, window - picture - Margin()), Margin());
 }
 
-ViewTransform::ScrollBar ViewTransform::Axis::Bar(double origin) const {
+ScrollBar ViewTransform::Axis::Bar(double origin) const {
   ScrollBar bar;
   bar.page = static_cast<int>(window);
   bar.range = bar.page;
@@ -164,11 +164,11 @@ void ViewTransform::PanBy(double dx, double dy) {
   clampOrigin();
 }
 
-ViewTransform::ScrollBar ViewTransform::HorizontalBar() const {
+ScrollBar ViewTransform::HorizontalBar() const {
   return horizontal().Bar(m_origin.m_x);
 }
 
-ViewTransform::ScrollBar ViewTransform::VerticalBar() const {
+ScrollBar ViewTransform::VerticalBar() const {
   return vertical().Bar(m_origin.m_y);
 }
 

@@ -4,6 +4,8 @@
 #include <wx/gdicmn.h>
 #include <wx/geometry.h>
 
+#include "desktop/scroll_bar.h"
+
 /// Where a picture lies in a window: zoom and pan, kept within bounds. Arithmetic alone.
 ///
 /// A picture point p appears at (p + Offset()) * Scale(), in the window's units. A window unit is
@@ -12,13 +14,6 @@
 /// pixel does.
 class ViewTransform {
 public:
-  /// What a scroll bar shows, in window units; without anything to scroll `range` is `page`.
-  struct ScrollBar {
-    int position = 0;
-    int page = 1;
-    int range = 1;
-  };
-
   static constexpr double kMinZoom = 0.02;  ///< less only where a whole picture needs it
   static constexpr double kMaxZoom = 32.0;
 
