@@ -66,7 +66,7 @@ std::vector<RulerMark> MarksOfFrames(TimelineLayout const &layout, SecondsOfFram
   std::int64_t const step = labelled % small == 0 ? small : labelled;
   std::vector<RulerMark> marks;
   for (std::int64_t frame = view.first / labelled * labelled; frame <= view.last; frame += step) {
-    marks.push_back({frame, secondsOf(frame), frame % labelled == 0});
+    marks.push_back({frame, secondsOf(frame), frame % labelled == 0, false});
   }
   return marks;
 }
@@ -112,7 +112,7 @@ std::vector<RulerMark> MarksOfSeconds(TimelineLayout const &layout, SecondsOfFra
     bool const hasRoom = layout.X(frame) - labelledAt >= 0.9 * spacing;
     if (isWhole && hasRoom) labelledAt = layout.X(frame);
     if (!marks.empty() && marks.back().frame == frame && !isWhole) continue;
-    marks.push_back({frame, seconds, isWhole && hasRoom});
+    marks.push_back({frame, seconds, isWhole && hasRoom, true});
   }
   return marks;
 }
@@ -135,4 +135,8 @@ wxString TimeText(double seconds) {
   wxString const rest = wxString::Format("%02d.%03d", milliseconds / 1000, milliseconds % 1000);
   if (minutes < 60) return wxString::Format("%d:%s", minutes, rest);
   return wxString::Format("%d:%02d:%s", minutes / 60, minutes % 60, rest);
+}
+
+wxString WholeTimeText(double seconds) {
+  return TimeText(seconds).BeforeLast('.');
 }

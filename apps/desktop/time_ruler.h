@@ -17,6 +17,7 @@ struct RulerMark {
   std::int64_t frame = 0;
   double seconds = 0.0;  ///< what it is labelled with
   bool isLabelled = false;
+  bool isWhole = false;  ///< labelled without milliseconds
 };
 
 /// The marks that are seen, from the left: whole seconds, minutes or hours, or, where the frames
@@ -27,3 +28,5 @@ std::vector<RulerMark> RulerMarks(TimelineLayout const &layout, SecondsOfFrame c
 
 /// As 0:00.000, or 0:00:00.000 from an hour on.
 wxString TimeText(double seconds);
+/// The same without milliseconds, where these are none.
+wxString WholeTimeText(double seconds);

@@ -26,6 +26,7 @@ constexpr int kLongTick = 7;
 constexpr int kShortTick = 3;
 constexpr int kLabelGap = 16;
 constexpr int kHead = 5;
+constexpr int kHalfLine = 1;
 constexpr int kTickGap = 2;
 /// Frames at least this wide get a line between them.
 constexpr int kCellLines = 8;
@@ -228,7 +229,9 @@ void Timeline::paintRuler(wxDC &dc) {
     int const x = wxRound(m_layout.X(mark.frame));
     int const tick = FromDIP(mark.isLabelled ? kLongTick : kShortTick);
     dc.DrawLine(x, height - tick, x, height);
-    if (mark.isLabelled) dc.DrawText(TimeText(mark.seconds), x + FromDIP(2), 0);
+    if (!mark.isLabelled) continue;
+    auto const textOf = mark.isWhole ? WholeTimeText : TimeText;
+    dc.DrawText(textOf(mark.seconds), x + FromDIP(2), 0);
   }
 }
 
@@ -241,14 +244,14 @@ void Timeline::paintPlayhead(wxDC &dc) {
   int const x = playheadX();
   int const ruler = m_layout.Sizes().ruler;
   int const head = FromDIP(kHead);
+  int const height = GetClientSize().y - ruler;
   // Bars of its own colour must not swallow the line.
-  int const width = std::max(1, FromDIP(1));
+  int const half = FromDIP(kHalfLine);
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(SystemColour(wxSYS_COLOUR_WINDOW));
-  dc.DrawRectangle(x - width, ruler, 3 * width, GetClientSize().y - ruler);
-  wxColour const colour = SystemColour(wxSYS_COLOUR_HIGHLIGHT);
-  dc.SetBrush(colour);
-  dc.DrawRectangle(x, ruler, width, GetClientSize().y - ruler);
+  dc.DrawRectangle(x - 2 * half, ruler, 4 * half, height);
+  dc.SetBrush(SystemColour(wxSYS_COLOUR_HIGHLIGHT));
+  dc.DrawRectangle(x - half, ruler, 2 * half, height);
   wxPoint const corners[] = {{x - head, ruler - 2 * head - 1},
                              {x + head, ruler - 2 * head - 1},
                              {x + head, ruler - head},

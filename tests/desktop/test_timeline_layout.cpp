@@ -166,7 +166,8 @@ std::string Labels(std::vector<RulerMark> const &marks) {
   std::string text;
   for (RulerMark const &mark : marks) {
     if (!mark.isLabelled) continue;
-    text += std::to_string(mark.frame) + "=" + TimeText(mark.seconds).utf8_string() + " ";
+    auto const textOf = mark.isWhole ? WholeTimeText : TimeText;
+    text += std::to_string(mark.frame) + "=" + textOf(mark.seconds).utf8_string() + " ";
   }
   return text;
 }
@@ -178,12 +179,12 @@ double At25(std::int64_t frame) {
 TEST(TimeRuler, LabelsWholeSecondsOrMinutes) {
   // 100 s on 600 units: 80 units are 13.3 s, so every 15 s.
   EXPECT_EQ(Labels(RulerMarks(Layout(2500), At25, 80)),
-            "0=0:00.000 375=0:15.000 750=0:30.000 1125=0:45.000 1500=1:00.000 1875=1:15.000 "
-            "2250=1:30.000 ");
+            "0=0:00 375=0:15 750=0:30 1125=0:45 1500=1:00 1875=1:15 "
+            "2250=1:30 ");
   // 11 hours and 6 minutes: every two hours.
   EXPECT_EQ(Labels(RulerMarks(Layout(999000), At25, 80)),
-            "0=0:00.000 180000=2:00:00.000 360000=4:00:00.000 540000=6:00:00.000 "
-            "720000=8:00:00.000 900000=10:00:00.000 ");
+            "0=0:00 180000=2:00:00 360000=4:00:00 540000=6:00:00 "
+            "720000=8:00:00 900000=10:00:00 ");
 }
 
 TEST(TimeRuler, LabelsFramesWhereTheyAreWide) {
@@ -212,8 +213,8 @@ TEST(TimeRuler, AMarkStandsAtTheFirstFrameOfItsTime) {
   };
   std::vector<RulerMark> const marks = RulerMarks(Layout(150), secondsOf, 60);
   EXPECT_EQ(Labels(marks),
-            "0=0:00.000 24=0:01.000 48=0:02.000 72=0:03.000 96=0:04.000 120=0:05.000 "
-            "144=0:06.000 ");
+            "0=0:00 24=0:01 48=0:02 72=0:03 96=0:04 120=0:05 "
+            "144=0:06 ");
 }
 
 TEST(TimeRuler, LabelsOfAVaryingRateKeepApart) {
@@ -244,6 +245,7 @@ TEST(TimeRuler, TimesAreTexts) {
   EXPECT_EQ(TimeText(3599.9996), "1:00:00.000");
   EXPECT_EQ(TimeText(36061.04), "10:01:01.040");
   EXPECT_EQ(TimeText(-1.0), "0:00.000");
+  EXPECT_EQ(WholeTimeText(61.0), "1:01");
 }
 
 }  // namespace
