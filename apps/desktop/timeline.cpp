@@ -44,6 +44,11 @@ wxColour Shade(double share) {
   return Mixed(SystemColour(wxSYS_COLOUR_WINDOW), SystemColour(wxSYS_COLOUR_WINDOWTEXT), share);
 }
 
+/// For lines: a dark look has highlights that are too dark for these.
+wxColour AccentColour() {
+  return Mixed(SystemColour(wxSYS_COLOUR_HIGHLIGHT), SystemColour(wxSYS_COLOUR_WINDOWTEXT), 0.3);
+}
+
 }  // namespace
 
 Timeline::Timeline(wxWindow *parent, wxWindowID id) {
@@ -134,7 +139,7 @@ void Timeline::onPaint() {
   paintPlayhead(dc);
   if (!HasFocus()) return;
   dc.SetBrush(*wxTRANSPARENT_BRUSH);
-  dc.SetPen(SystemColour(wxSYS_COLOUR_HIGHLIGHT));
+  dc.SetPen(AccentColour());
   dc.DrawRectangle(GetClientSize());
 }
 
@@ -250,7 +255,7 @@ void Timeline::paintPlayhead(wxDC &dc) {
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(SystemColour(wxSYS_COLOUR_WINDOW));
   dc.DrawRectangle(x - 2 * half, ruler, 4 * half, height);
-  dc.SetBrush(SystemColour(wxSYS_COLOUR_HIGHLIGHT));
+  dc.SetBrush(AccentColour());
   dc.DrawRectangle(x - half, ruler, 2 * half, height);
   wxPoint const corners[] = {{x - head, ruler - 2 * head - 1},
                              {x + head, ruler - 2 * head - 1},
