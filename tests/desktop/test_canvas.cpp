@@ -3,8 +3,11 @@
 
 #include <vector>
 
+#include <wx/textctrl.h>
+
 #include "desktop/window_fixture.h"
 #include "objects/ann_shape.h"
+#include "objects/ann_text.h"
 #include "support/test_pictures.h"
 #include "support/tool_driver.h"
 
@@ -157,6 +160,21 @@ TEST_F(CanvasOnAWindow, TwoQuickPressesDrawAsTwo) {
   ASSERT_EQ(m_driver.ObjectCount(), 1U);
   EXPECT_EQ(m_driver.ObjectAs<AnnShape>()->GetCoordinates().Coords().m_topLeft,
             wxPoint2DDouble(100, 100));
+}
+
+TEST_F(CanvasOnAWindow, AnEditedTextHasTheFocusAndAClickBesideTakesItBack) {
+  ShowPicture(NoisePicture(600, 400));
+  m_driver.UseTool(Types::Text);
+  Drag(At(100, 100), At(300, 200));
+  ASSERT_EQ(m_driver.State(), ToolState::Editing);
+  EXPECT_NE(dynamic_cast<wxTextCtrl *>(wxWindow::FindFocus()), nullptr);
+  m_mouse.Text("hello");
+  Idle();
+  Click(At(450, 350));
+  EXPECT_NE(m_driver.State(), ToolState::Editing);
+  EXPECT_TRUE(m_canvas->HasFocus());
+  ASSERT_EQ(m_driver.ObjectCount(), 1U);
+  EXPECT_EQ(m_driver.ObjectAs<AnnText>()->GetText(), "hello");
 }
 
 TEST_F(CanvasOnAWindow, ALostMouseFinishesTheGestureWhereItWas) {
