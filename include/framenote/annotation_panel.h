@@ -113,9 +113,8 @@ private:
   wxPanel *finishPage(Page const &page);
   void addRow(Page const &page, wxString const &label, wxWindow *control);
   void addRow(Page const &page, wxString const &label, wxSizer *controls);
-  wxOwnerDrawnComboBox *makeChoice(Page const &page, int id, Labels const &labels,
-                                   std::function<int()> const &get,
-                                   std::function<void(int)> const &set);
+  wxOwnerDrawnComboBox *makeList(Page const &page, int id, Labels const &labels,
+                                 std::function<int()> const &get);
   void addChoice(Page const &page, int id, char const *label, Labels const &labels,
                  std::function<int()> const &get, std::function<void(int)> const &set);
   wxColourPickerCtrl *makeColour(Page const &page, int id, std::function<wxColour()> const &get);

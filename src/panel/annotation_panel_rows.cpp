@@ -85,18 +85,13 @@ void AnnotationPanel::addRow(Page const &page, wxString const &label, wxSizer *c
   page.grid->Add(controls, 0, wxEXPAND, 0);
 }
 
-wxOwnerDrawnComboBox *AnnotationPanel::makeChoice(Page const &page, int id, Labels const &labels,
-                                                  std::function<int()> const &get,
-                                                  std::function<void(int)> const &set) {
+wxOwnerDrawnComboBox *AnnotationPanel::makeList(Page const &page, int id, Labels const &labels,
+                                                std::function<int()> const &get) {
   std::vector<wxString> items;
   for (char const *label : labels) items.push_back(wxGetTranslation(label));
   wxOwnerDrawnComboBox *const combo = CreateOwnerDrawnComboBox(
       page.window, id, wxString(), wxDefaultPosition, wxDefaultSize, static_cast<int>(items.size()),
       items.data(), wxCB_READONLY, wxDefaultValidator, wxComboBoxNameStr);
-  combo->Bind(wxEVT_COMBOBOX, [this, combo, set, type = page.type](wxCommandEvent &) {
-    set(combo->GetSelection());
-    apply(type);
-  });
   onUpdate(page, [combo, get] { ShowSelection(*combo, get()); });
   return combo;
 }
@@ -104,7 +99,12 @@ wxOwnerDrawnComboBox *AnnotationPanel::makeChoice(Page const &page, int id, Labe
 void AnnotationPanel::addChoice(Page const &page, int id, char const *label, Labels const &labels,
                                 std::function<int()> const &get,
                                 std::function<void(int)> const &set) {
-  addRow(page, label, makeChoice(page, id, labels, get, set));
+  wxOwnerDrawnComboBox *const combo = makeList(page, id, labels, get);
+  combo->Bind(wxEVT_COMBOBOX, [this, combo, set, type = page.type](wxCommandEvent &) {
+    set(combo->GetSelection());
+    apply(type);
+  });
+  addRow(page, label, combo);
 }
 
 wxColourPickerCtrl *AnnotationPanel::makeColour(Page const &page, int id,
