@@ -10,6 +10,7 @@
 #include <wx/checkbox.h>
 #include <wx/clrpicker.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/tglbtn.h>
 #include <wx/translation.h>
@@ -24,6 +25,7 @@
 #include "modes/ann_pencil_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 #include "talbase/style_manager.h"
 
@@ -37,7 +39,13 @@ namespace {
 
 constexpr char const *kExtendedKey = "Extended";
 constexpr int kToolButtonWidth = 60;
+constexpr int kScrollStep = 10;
 constexpr bool kExtensionChecked = true;  ///< before a document says otherwise
+
+void MeasureAnew(wxWindow &window) {
+  for (wxWindow *child : window.GetChildren()) MeasureAnew(*child);
+  window.InvalidateBestSize();
+}
 
 }  // namespace
 
@@ -58,8 +66,8 @@ AnnotationPanel::AnnotationPanel(wxWindow *parent, std::shared_ptr<AnnotationToo
 }
 
 bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> tool) {
-  if (!tool || !wxPanel::Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                wxTAB_TRAVERSAL | wxBORDER_NONE, wxPanelNameStr)) {
+  if (!tool || !wxScrolled<wxPanel>::Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                            wxTAB_TRAVERSAL | wxBORDER_NONE, wxPanelNameStr)) {
     return false;
   }
   m_tool = std::move(tool);
@@ -94,11 +102,11 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
   auto const &style = Singleton<StyleManager>::Instance();
   setBackgroundColorRecursively(this, style.GetBackgroundColor());
   setForegroundColorRecursively(this, style.GetForegroundColor());
-  // As wide as the widest property panel, whichever is shown first.
-  SetMinSize(wxSize(main->CalcMin().x, -1));
+  SetScrollRate(FromDIP(kScrollStep), FromDIP(kScrollStep));
   Layout();
   Update();
   m_propertySizer->ShowItems(false);
+  layOutAnew();
   return true;
 }
 
@@ -130,10 +138,29 @@ void AnnotationPanel::Deactivate() {
   layOutAnew();
 }
 
-// The panel is as high as what it shows.
+// The panel is as high as what it shows, and as wide as the widest property panel, whichever is
+// shown, with room for the scroll bar of a low window.
 void AnnotationPanel::layOutAnew() {
-  InvalidateBestSize();
+  // GTK takes a font on some time after it is set, and sizes may have been measured before.
+  MeasureAnew(*this);
+  int width = m_toolGrid->CalcMin().x;
+  for (auto const &[button, panel] : m_toolPanels) {
+    width = std::max(width, panel->GetSizer()->CalcMin().x);
+  }
+  int const barWidth = std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
+  SetMinSize(wxSize(width + 2 * kPanelBorder + barWidth, -1));
+  FitInside();
   Layout();
+}
+
+// The toolkit's own way moves the hidden panels too, which GTK complains of.
+void AnnotationPanel::ScrollWindow(int, int, wxRect const *) {
+  Layout();
+}
+
+// A scrolled window would name the least that it can be scrolled in.
+wxSize AnnotationPanel::DoGetBestSize() const {
+  return GetSizer() != nullptr ? GetSizer()->CalcMin() : wxPanel::DoGetBestSize();
 }
 
 void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
@@ -253,6 +280,7 @@ wxBoxSizer *AnnotationPanel::CreateExportSizer(wxPanel *panel) {
   m_extensionPicker =
       CreateColourPicker(panel, wxID_ANY, first.IsOk() ? first : *wxWHITE, wxDefaultPosition,
                          wxDefaultSize, 0, wxDefaultValidator, wxColourPickerCtrlNameStr);
+  framenote::NameForScreenReaders(*m_extensionPicker, m_extensionCheck->GetLabel());
   auto const changed = [this](wxCommandEvent &) {
     m_tool->SetExtensionColour(getExtensionColor());
   };

@@ -15,6 +15,7 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_image_tool_mode.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 
 namespace {
@@ -48,6 +49,7 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
       wxGetTranslation(kWildcard), wxDefaultPosition, wxDefaultSize,
       wxFLP_SMALL | wxFLP_CHANGE_DIR | wxFLP_FILE_MUST_EXIST | wxFLP_OPEN | wxFLP_USE_TEXTCTRL,
       wxDefaultValidator, wxFilePickerCtrlNameStr);
+  framenote::NameForScreenReaders(*m_filePicker, wxGetTranslation(wxFileSelectorPromptStr));
   m_filePicker->Bind(wxEVT_FILEPICKER_CHANGED, [this](wxFileDirPickerEvent &) {
     wxFileName const name = m_filePicker->GetFileName();
     if (name.FileExists() && IsPictureName(name)) choosePicture(name.GetFullPath());
@@ -66,9 +68,8 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
     m_tool->GetToolModes().image->UpdatePictureBitmap();
   });
   auto *const row = new wxBoxSizer(wxHORIZONTAL);  // owned by the grid
-  row->Add(CreateStaticText(panel, wxID_ANY, wxGetTranslation("Color Treated as Transparent"),
-                            wxDefaultPosition, wxDefaultSize, 0, wxStaticTextNameStr),
-           0, wxALIGN_CENTER_VERTICAL, 0);
+  row->Add(makeLabel(page, wxTRANSLATE("Color Treated as Transparent"), {colours}), 0,
+           wxALIGN_CENTER_VERTICAL, 0);
   row->AddSpacer(kColumnGap);
   row->Add(colours, 0, 0, 0);
   grid->Add(m_filePicker, 0, wxEXPAND, 0);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The rows that property panels are made of.
+#include <algorithm>
+
 #include <wx/checkbox.h>
 #include <wx/clrpicker.h>
 #include <wx/odcombo.h>
@@ -14,9 +16,13 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "modes/annotation_tool_mode.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 
 namespace {
+
+/// What an owner-drawn item is painted from the edges of its field.
+constexpr int kItemMargin = 4;
 
 /// `colour` with another alpha.
 wxColour ChangeOpacity(int alpha, wxColour const &colour) {
@@ -39,6 +45,16 @@ void ShowColour(wxColourPickerCtrl &picker, wxColour const &colour) {
 }
 
 }  // namespace
+
+void framenote::FitToItems(wxOwnerDrawnComboBox &combo) {
+  int widest = 0;
+  for (unsigned i = 0; i < combo.GetCount(); ++i) {
+    widest = std::max(widest, combo.GetTextExtent(combo.GetString(i)).x);
+  }
+  combo.InvalidateBestSize();
+  int const needed = combo.GetSizeFromTextSize(widest + 2 * combo.FromDIP(kItemMargin)).x;
+  combo.SetMinSize(wxSize(std::max(needed, combo.GetBestSize().x), -1));
+}
 
 void AnnotationPanel::UpdateControls(int type) const {
   auto const updates = m_updates.find(static_cast<Types>(type));
@@ -71,17 +87,29 @@ wxPanel *AnnotationPanel::finishPage(Page const &page) {
   return page.window;
 }
 
+// The label goes before its control in the order of windows too: where the toolkit has no names for
+// screen readers, they take the text that stands before.
+wxStaticText *AnnotationPanel::makeLabel(Page const &page, wxString const &label,
+                                         std::vector<wxWindow *> const &controls) {
+  wxString const text = wxGetTranslation(label);
+  wxStaticText *const made = CreateStaticText(page.window, wxID_ANY, text, wxDefaultPosition,
+                                              wxDefaultSize, 0, wxStaticTextNameStr);
+  if (!controls.empty()) made->MoveBeforeInTabOrder(controls.front());
+  for (wxWindow *control : controls) framenote::NameForScreenReaders(*control, text);
+  return made;
+}
+
 void AnnotationPanel::addRow(Page const &page, wxString const &label, wxWindow *control) {
-  page.grid->Add(CreateStaticText(page.window, wxID_ANY, wxGetTranslation(label), wxDefaultPosition,
-                                  wxDefaultSize, 0, wxStaticTextNameStr),
-                 0, wxALIGN_CENTER_VERTICAL, 0);
+  page.grid->Add(makeLabel(page, label, {control}), 0, wxALIGN_CENTER_VERTICAL, 0);
   page.grid->Add(control, 0, wxEXPAND, 0);
 }
 
 void AnnotationPanel::addRow(Page const &page, wxString const &label, wxSizer *controls) {
-  page.grid->Add(CreateStaticText(page.window, wxID_ANY, wxGetTranslation(label), wxDefaultPosition,
-                                  wxDefaultSize, 0, wxStaticTextNameStr),
-                 0, wxALIGN_CENTER_VERTICAL, 0);
+  std::vector<wxWindow *> windows;
+  for (wxSizerItem const *item : controls->GetChildren()) {
+    if (item->IsWindow()) windows.push_back(item->GetWindow());
+  }
+  page.grid->Add(makeLabel(page, label, windows), 0, wxALIGN_CENTER_VERTICAL, 0);
   page.grid->Add(controls, 0, wxEXPAND, 0);
 }
 
@@ -92,6 +120,7 @@ wxOwnerDrawnComboBox *AnnotationPanel::makeList(Page const &page, int id, Labels
   wxOwnerDrawnComboBox *const combo = CreateOwnerDrawnComboBox(
       page.window, id, wxString(), wxDefaultPosition, wxDefaultSize, static_cast<int>(items.size()),
       items.data(), wxCB_READONLY, wxDefaultValidator, wxComboBoxNameStr);
+  framenote::FitToItems(*combo);
   onUpdate(page, [combo, get] { ShowSelection(*combo, get()); });
   return combo;
 }
