@@ -46,6 +46,11 @@ void ShowColour(wxColourPickerCtrl &picker, wxColour const &colour) {
 
 }  // namespace
 
+int framenote::CheckFlags(wxWindow const &check) {
+  bool const isMirrored = check.GetLayoutDirection() == wxLayout_RightToLeft;
+  return isMirrored ? wxTOP : wxTOP | wxEXPAND;
+}
+
 void framenote::FitToItems(wxOwnerDrawnComboBox &combo) {
   int widest = 0;
   for (unsigned i = 0; i < combo.GetCount(); ++i) {
@@ -94,6 +99,8 @@ wxStaticText *AnnotationPanel::makeLabel(Page const &page, wxString const &label
   wxString const text = wxGetTranslation(label);
   wxStaticText *const made = CreateStaticText(page.window, wxID_ANY, text, wxDefaultPosition,
                                               wxDefaultSize, 0, wxStaticTextNameStr);
+  // GTK measures a font that it was given just now as the one before. The pixel is for rounding.
+  made->SetMinSize(made->GetTextExtent(text) + wxSize(1, 0));
   if (!controls.empty()) made->MoveBeforeInTabOrder(controls.front());
   for (wxWindow *control : controls) framenote::NameForScreenReaders(*control, text);
   return made;
@@ -182,7 +189,7 @@ void AnnotationPanel::addColourWithCheck(Page const &page, int pickerId, int che
   onUpdate(page, [check, get] { check->SetValue(IsTransparent(get())); });
   auto *const sizer = new wxBoxSizer(wxVERTICAL);  // owned by the grid
   sizer->Add(picker, 0, wxEXPAND, 0);
-  sizer->Add(check, 0, wxTOP | wxEXPAND, framenote::kRowGap);
+  sizer->Add(check, 0, framenote::CheckFlags(*check), framenote::kRowGap);
   addRow(page, label, sizer);
 }
 
