@@ -13,7 +13,7 @@ AnnSpinSliderDoubleCtrl::AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, doubl
                                                  long spinStyle, wxValidator const &validator,
                                                  wxString const &name) {
   // The slider of the base is never made: this is a bare control with two children.
-  wxControl::Create(parent, id, position, size, wxBORDER_NONE, validator, name);
+  wxControl::Create(parent, id, position, size, wxBORDER_NONE | wxTAB_TRAVERSAL, validator, name);
   m_slider = new AnnSliderDoubleCtrl(  // owned by this window
       this, wxID_ANY, value, min, max, step, wxDefaultPosition, wxDefaultSize, sliderStyle,
       wxDefaultValidator, "AnnSliderDoubleCtrl");

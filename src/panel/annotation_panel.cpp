@@ -107,6 +107,8 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
   Update();
   m_propertySizer->ShowItems(false);
   layOutAnew();
+  // GTK complains of scroll bars in a window that is lower than they are.
+  SetSize(GetEffectiveMinSize());
   return true;
 }
 
