@@ -88,6 +88,7 @@ private:
   void DoToolToggle(wxToggleButton *button);
   void DoToolToggle(Types id);
   void layOutAnew();
+  void onPagePainted(wxPaintEvent &event);
   std::shared_ptr<IAnnotationToolMode> modeOf(Types id) const;
 
   // The General panel
@@ -157,6 +158,7 @@ private:
   std::shared_ptr<AnnotationTool> m_tool;
   std::map<wxToggleButton *, wxPanel *> m_toolPanels;
   std::map<Types, std::vector<std::function<void()>>> m_updates;
+  bool m_isMeasured = false;                 ///< what is shown, since it is shown
   wxToggleButton *m_activeToggle = nullptr;  // the windows are owned by their parents
   wxToggleButton *m_hideAllToggle = nullptr;
   wxCheckBox *m_extensionCheck = nullptr;

@@ -91,6 +91,7 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
   m_propertySizer = new wxBoxSizer(wxVERTICAL);  // owned by the main sizer
   for (auto const &entry : tools) {
     AddTool(grid, entry.type, entry.label, entry.panel);
+    entry.panel->Bind(wxEVT_PAINT, &AnnotationPanel::onPagePainted, this);
     m_propertySizer->Add(entry.panel, 1, wxEXPAND | wxBOTTOM | wxLEFT | wxRIGHT, kPanelBorder);
   }
   setExtensionColor();
@@ -143,7 +144,6 @@ void AnnotationPanel::Deactivate() {
 // The panel is as high as what it shows, and as wide as the widest property panel, whichever is
 // shown, with room for the scroll bar of a low window.
 void AnnotationPanel::layOutAnew() {
-  // GTK takes a font on some time after it is set, and sizes may have been measured before.
   MeasureAnew(*this);
   int width = m_toolGrid->CalcMin().x;
   for (auto const &[button, panel] : m_toolPanels) {
@@ -153,6 +153,14 @@ void AnnotationPanel::layOutAnew() {
   SetMinSize(wxSize(width + 2 * kPanelBorder + barWidth, -1));
   FitInside();
   Layout();
+}
+
+// GTK takes a font on just before it first paints what has it; all that was measured before is of
+// another font. A paint handler may not move windows.
+void AnnotationPanel::onPagePainted(wxPaintEvent &event) {
+  event.Skip();
+  if (std::exchange(m_isMeasured, true)) return;
+  CallAfter([this] { layOutAnew(); });
 }
 
 // The toolkit's own way moves the hidden panels too, which GTK complains of.
@@ -175,6 +183,7 @@ void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
     m_activeToggle = button;
     button->SetValue(true);
     m_propertySizer->Show(m_toolPanels.at(button));
+    m_isMeasured = false;
     id = static_cast<Types>(button->GetId());
     m_tool->SetActiveTool(modeOf(id));
   }
