@@ -8,6 +8,7 @@
 
 #include <wx/colour.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 #include <wx/string.h>
 
 #include "framenote/annotation_config.h"
@@ -26,6 +27,7 @@ class wxFontPickerCtrl;
 class wxGridSizer;
 class wxOwnerDrawnComboBox;
 class wxSizer;
+class wxStaticText;
 class wxToggleButton;
 
 /// What the palette panel offers.
@@ -46,7 +48,9 @@ struct FRAMENOTE_API AnnotationPanelConfig {
 /// AnnotationTool::InitGui makes one; a host can also derive from it, to make its controls look
 /// otherwise. Every control has a fixed identifier: the tool buttons the value of their Types, the
 /// properties 10 to 46.
-class FRAMENOTE_API AnnotationPanel : public wxPanel, public AnnotationControlsFactory {
+///
+/// Its best size is that of all it shows; with less than that it scrolls.
+class FRAMENOTE_API AnnotationPanel : public wxScrolled<wxPanel>, public AnnotationControlsFactory {
 public:
   /// Makes no window: Create must follow.
   explicit AnnotationPanel(AnnotationPanelConfig const &config);
@@ -54,10 +58,13 @@ public:
                   AnnotationPanelConfig const &config);
   /// False if there is no tool, or if the window cannot be made; then nothing is built.
   bool Create(wxWindow *parent, std::shared_ptr<AnnotationTool> tool);
+  /// Puts what is shown where the scroll bars have it.
+  void ScrollWindow(int dx, int dy, wxRect const *rect) override;
 
 protected:
   void setBackgroundColorRecursively(wxWindow *window, wxColour const &colour) override;
   void setForegroundColorRecursively(wxWindow *window, wxColour const &colour) override;
+  wxSize DoGetBestSize() const override;
 
 private:
   friend class AnnotationTool;
@@ -80,6 +87,7 @@ private:
   void DoToolToggle(wxToggleButton *button);
   void DoToolToggle(Types id);
   void layOutAnew();
+  void onPagePainted(wxPaintEvent &event);
 
   // The General panel
   wxPanel *CreateGeneralPanel();
@@ -111,9 +119,10 @@ private:
   wxPanel *finishPage(Page const &page);
   void addRow(Page const &page, wxString const &label, wxWindow *control);
   void addRow(Page const &page, wxString const &label, wxSizer *controls);
-  wxOwnerDrawnComboBox *makeChoice(Page const &page, int id, Labels const &labels,
-                                   std::function<int()> const &get,
-                                   std::function<void(int)> const &set);
+  wxStaticText *makeLabel(Page const &page, wxString const &label,
+                          std::vector<wxWindow *> const &controls);
+  wxOwnerDrawnComboBox *makeList(Page const &page, int id, Labels const &labels,
+                                 std::function<int()> const &get);
   void addChoice(Page const &page, int id, char const *label, Labels const &labels,
                  std::function<int()> const &get, std::function<void(int)> const &set);
   wxColourPickerCtrl *makeColour(Page const &page, int id, std::function<wxColour()> const &get);
@@ -147,6 +156,7 @@ private:
   std::shared_ptr<AnnotationTool> m_tool;
   std::map<wxToggleButton *, wxPanel *> m_toolPanels;
   std::map<Types, std::vector<std::function<void()>>> m_updates;
+  bool m_isMeasured = false;                 ///< what is shown, since it is shown
   wxToggleButton *m_activeToggle = nullptr;  // the windows are owned by their parents
   wxToggleButton *m_hideAllToggle = nullptr;
   wxCheckBox *m_extensionCheck = nullptr;

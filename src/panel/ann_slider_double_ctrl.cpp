@@ -15,6 +15,8 @@ AnnSliderDoubleCtrl::AnnSliderDoubleCtrl(wxWindow *parent, int id, double value,
   int const most = framenote::TruncateToInt(max / step);
   int const start = std::clamp(framenote::TruncateToInt(value / step), least, most);
   Create(parent, id, start, least, most, position, size, style, validator, name);
+  // AcceptsFocus keeps the toolkit's own navigation out, and this a click.
+  SetCanFocus(false);
 }
 
 void AnnSliderDoubleCtrl::setFromDouble(double value) {

@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "panel/ann_spin_slider_double_ctrl.h"
 
-#include <algorithm>
-
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 #include <wx/textctrl.h>
 
 #include "panel/ann_slider_double_ctrl.h"
-
-namespace {
-
-/// Wide enough for what is typed; the slider takes the rest.
-constexpr int kMaxSpinWidth = 50;
-
-}  // namespace
 
 AnnSpinSliderDoubleCtrl::AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, double value, double min,
                                                  double max, double step, wxPoint const &position,
@@ -22,17 +13,17 @@ AnnSpinSliderDoubleCtrl::AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, doubl
                                                  long spinStyle, wxValidator const &validator,
                                                  wxString const &name) {
   // The slider of the base is never made: this is a bare control with two children.
-  wxControl::Create(parent, id, position, size, wxBORDER_NONE, validator, name);
+  wxControl::Create(parent, id, position, size, wxBORDER_NONE | wxTAB_TRAVERSAL, validator, name);
   m_slider = new AnnSliderDoubleCtrl(  // owned by this window
       this, wxID_ANY, value, min, max, step, wxDefaultPosition, wxDefaultSize, sliderStyle,
       wxDefaultValidator, "AnnSliderDoubleCtrl");
   m_spin = new wxSpinCtrlDouble(  // owned by this window
       this, wxID_ANY, wxString::Format("%f", value), wxDefaultPosition, wxDefaultSize, spinStyle,
       min, max, value, step, "wxSpinCtrlDouble");
-  m_spin->SetMaxSize(wxSize(std::max(FromDIP(kMaxSpinWidth), m_spin->GetBestSize().x), -1));
   bindEvents();
   auto *const sizer = new wxBoxSizer(wxHORIZONTAL);  // owned by this window
   sizer->Add(m_slider, 1, wxEXPAND, 0);
+  // As wide as it needs and no wider; a limit in pixels would cut its arrows off with GTK.
   sizer->Add(m_spin, 0, wxEXPAND, 0);
   SetSizer(sizer, true);
   Fit();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <wx/containr.h>
 #include <wx/slider.h>
 
 #include "framenote/export.h"
@@ -11,8 +12,8 @@ class wxSpinDoubleEvent;
 
 /// A slider and a spin control that show one value, so that it can be dragged or typed. To others
 /// it is a slider: its positions stand for multiples of the step, and whatever the user does to
-/// either part raises one wxEVT_SLIDER of this control.
-class FRAMENOTE_API AnnSpinSliderDoubleCtrl : public wxSlider {
+/// either part raises one wxEVT_SLIDER of this control. The focus goes to the spin.
+class FRAMENOTE_API AnnSpinSliderDoubleCtrl : public wxNavigationEnabled<wxSlider> {
 public:
   AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, double value, double min, double max,
                           double step, wxPoint const &position, wxSize const &size,

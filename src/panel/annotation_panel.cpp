@@ -10,11 +10,13 @@
 #include <wx/checkbox.h>
 #include <wx/clrpicker.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/tglbtn.h>
 #include <wx/translation.h>
 
 #include "framenote/annotation_tool.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 #include "talbase/style_manager.h"
 
@@ -28,7 +30,13 @@ namespace {
 
 constexpr char const *kExtendedKey = "Extended";
 constexpr int kToolButtonWidth = 60;
+constexpr int kScrollStep = 10;
 constexpr bool kExtensionChecked = true;  ///< before a document says otherwise
+
+void MeasureAnew(wxWindow &window) {
+  for (wxWindow *child : window.GetChildren()) MeasureAnew(*child);
+  window.InvalidateBestSize();
+}
 
 }  // namespace
 
@@ -49,8 +57,8 @@ AnnotationPanel::AnnotationPanel(wxWindow *parent, std::shared_ptr<AnnotationToo
 }
 
 bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> tool) {
-  if (!tool || !wxPanel::Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                wxTAB_TRAVERSAL | wxBORDER_NONE, wxPanelNameStr)) {
+  if (!tool || !wxScrolled<wxPanel>::Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                            wxTAB_TRAVERSAL | wxBORDER_NONE, wxPanelNameStr)) {
     return false;
   }
   m_tool = std::move(tool);
@@ -74,6 +82,7 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
   m_propertySizer = new wxBoxSizer(wxVERTICAL);  // owned by the main sizer
   for (auto const &entry : tools) {
     AddTool(grid, entry.type, entry.label, entry.panel);
+    entry.panel->Bind(wxEVT_PAINT, &AnnotationPanel::onPagePainted, this);
     m_propertySizer->Add(entry.panel, 1, wxEXPAND | wxBOTTOM | wxLEFT | wxRIGHT, kPanelBorder);
   }
   setExtensionColor();
@@ -85,11 +94,13 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
   auto const &style = Singleton<StyleManager>::Instance();
   setBackgroundColorRecursively(this, style.GetBackgroundColor());
   setForegroundColorRecursively(this, style.GetForegroundColor());
-  // As wide as the widest property panel, whichever is shown first.
-  SetMinSize(wxSize(main->CalcMin().x, -1));
+  SetScrollRate(FromDIP(kScrollStep), FromDIP(kScrollStep));
   Layout();
   Update();
   m_propertySizer->ShowItems(false);
+  layOutAnew();
+  // GTK complains of scroll bars in a window that is lower than they are.
+  SetSize(GetEffectiveMinSize());
   return true;
 }
 
@@ -121,10 +132,36 @@ void AnnotationPanel::Deactivate() {
   layOutAnew();
 }
 
-// The panel is as high as what it shows.
+// The panel is as high as what it shows, and as wide as the widest property panel, whichever is
+// shown, with room for the scroll bar of a low window.
 void AnnotationPanel::layOutAnew() {
-  InvalidateBestSize();
+  MeasureAnew(*this);
+  int width = m_toolGrid->CalcMin().x;
+  for (auto const &[button, panel] : m_toolPanels) {
+    width = std::max(width, panel->GetSizer()->CalcMin().x);
+  }
+  int const barWidth = std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
+  SetMinSize(wxSize(width + 2 * kPanelBorder + barWidth, -1));
+  FitInside();
   Layout();
+}
+
+// GTK takes a font on just before it first paints what has it; all that was measured before is of
+// another font. A paint handler may not move windows.
+void AnnotationPanel::onPagePainted(wxPaintEvent &event) {
+  event.Skip();
+  if (std::exchange(m_isMeasured, true)) return;
+  CallAfter([this] { layOutAnew(); });
+}
+
+// The toolkit's own way moves the hidden panels too, which GTK complains of.
+void AnnotationPanel::ScrollWindow(int, int, wxRect const *) {
+  Layout();
+}
+
+// A scrolled window would name the least that it can be scrolled in.
+wxSize AnnotationPanel::DoGetBestSize() const {
+  return GetSizer() != nullptr ? GetSizer()->CalcMin() : wxPanel::DoGetBestSize();
 }
 
 void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
@@ -137,6 +174,7 @@ void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
     m_activeToggle = button;
     button->SetValue(true);
     m_propertySizer->Show(m_toolPanels.at(button));
+    m_isMeasured = false;
     id = static_cast<Types>(button->GetId());
     m_tool->SetActiveTool(m_tool->GetToolModes().Of(id));
   }
@@ -219,6 +257,7 @@ wxBoxSizer *AnnotationPanel::CreateExportSizer(wxPanel *panel) {
   m_extensionPicker =
       CreateColourPicker(panel, wxID_ANY, first.IsOk() ? first : *wxWHITE, wxDefaultPosition,
                          wxDefaultSize, 0, wxDefaultValidator, wxColourPickerCtrlNameStr);
+  framenote::NameForScreenReaders(*m_extensionPicker, m_extensionCheck->GetLabel());
   auto const changed = [this](wxCommandEvent &) {
     m_tool->SetExtensionColour(getExtensionColor());
   };

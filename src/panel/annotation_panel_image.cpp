@@ -15,13 +15,14 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "modes/ann_image_tool_mode.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 
 namespace {
 
-constexpr char const *kWildcard =
+constexpr char const *kWildcard = wxTRANSLATE(
     "Image files (*.bmp, *.jpg, *.jpeg, *.png, *.gif)|*.bmp;*.jpg;*.jpeg;*.png;*.gif|"
-    "BMP (*.bmp)|*.bmp|JPEG (*.jpg, *.jpeg)|*.jpg;*.jpeg|PNG (*.png)|*.png|GIF (*.gif)|*.gif";
+    "BMP (*.bmp)|*.bmp|JPEG (*.jpg, *.jpeg)|*.jpg;*.jpeg|PNG (*.png)|*.png|GIF (*.gif)|*.gif");
 
 /// By the extension, in small letters.
 bool IsPictureName(wxFileName const &name) {
@@ -44,10 +45,11 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
   grid->SetNonFlexibleGrowMode(wxFLEX_GROWMODE_SPECIFIED);
   Page const page = {Types::Image, panel, grid};
   m_filePicker = CreateFilePicker(
-      panel, wxID_ANY, wxString(), wxFileSelectorPromptStr, kWildcard, wxDefaultPosition,
-      wxDefaultSize,
+      panel, wxID_ANY, wxString(), wxGetTranslation(wxFileSelectorPromptStr),
+      wxGetTranslation(kWildcard), wxDefaultPosition, wxDefaultSize,
       wxFLP_SMALL | wxFLP_CHANGE_DIR | wxFLP_FILE_MUST_EXIST | wxFLP_OPEN | wxFLP_USE_TEXTCTRL,
       wxDefaultValidator, wxFilePickerCtrlNameStr);
+  framenote::NameForScreenReaders(*m_filePicker, wxGetTranslation(wxFileSelectorPromptStr));
   m_filePicker->Bind(wxEVT_FILEPICKER_CHANGED, [this](wxFileDirPickerEvent &) {
     wxFileName const name = m_filePicker->GetFileName();
     if (name.FileExists() && IsPictureName(name)) choosePicture(name.GetFullPath());
@@ -56,21 +58,18 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
   wxCheckBox *const keep = makeCheck(
       page, 32, wxTRANSLATE("Keep Aspect Ratio"), [record] { return record->GetKeepAspectRatio(); },
       [record](bool value) { record->SetKeepAspectRatio(value); });
-  wxOwnerDrawnComboBox *const colours = makeChoice(
-      page, 33, {wxTRANSLATE("None"), wxTRANSLATE("White"), wxTRANSLATE("Black")},
-      [record] { return record->GetTransparentColor(); },
-      [record](int n) {
-        record->SetTransparentColor(static_cast<AnnImageProperties::TransparentColor>(n));
-      });
-  // After the record has it: handlers bound later run first.
-  colours->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent &event) {
-    CallAfter([this] { m_tool->GetToolModes().image->UpdatePictureBitmap(); });
-    event.Skip();
+  wxOwnerDrawnComboBox *const colours =
+      makeList(page, 33, {wxTRANSLATE("None"), wxTRANSLATE("White"), wxTRANSLATE("Black")},
+               [record] { return record->GetTransparentColor(); });
+  colours->Bind(wxEVT_COMBOBOX, [this, colours, record](wxCommandEvent &) {
+    record->SetTransparentColor(
+        static_cast<AnnImageProperties::TransparentColor>(colours->GetSelection()));
+    apply(Types::Image);
+    m_tool->GetToolModes().image->UpdatePictureBitmap();
   });
   auto *const row = new wxBoxSizer(wxHORIZONTAL);  // owned by the grid
-  row->Add(CreateStaticText(panel, wxID_ANY, wxGetTranslation("Color Treated as Transparent"),
-                            wxDefaultPosition, wxDefaultSize, 0, wxStaticTextNameStr),
-           0, wxALIGN_CENTER_VERTICAL, 0);
+  row->Add(makeLabel(page, wxTRANSLATE("Color Treated as Transparent"), {colours}), 0,
+           wxALIGN_CENTER_VERTICAL, 0);
   row->AddSpacer(kColumnGap);
   row->Add(colours, 0, 0, 0);
   grid->Add(m_filePicker, 0, wxEXPAND, 0);
@@ -87,7 +86,8 @@ void AnnotationPanel::choosePicture(wxString const &path) {
 }
 
 void AnnotationPanel::OnAnnImageNotSet() {
-  wxFileDialog dialog(this, wxFileSelectorPromptStr, wxString(), wxString(), kWildcard,
+  wxFileDialog dialog(this, wxGetTranslation(wxFileSelectorPromptStr), wxString(), wxString(),
+                      wxGetTranslation(kWildcard),
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_CHANGE_DIR);
   dialog.CentreOnParent();
   if (dialog.ShowModal() != wxID_OK) return;

@@ -156,11 +156,10 @@ wxPanel *AnnotationPanel::CreateMagnifyPropertiesPanel() {
                 [record] { return record->GetZoom(); },
                 [record](int n) { record->SetZoom(n * kZoomPerPosition); }),
             0, wxEXPAND, 0);
-  zoom->Add(makeCheck(
-                page, 41, wxTRANSLATE("Fixed source size"),
-                [record] { return record->GetFixedSourceSize(); },
-                [record](bool fixed) { record->SetFixedSourceSize(fixed); }),
-            0, wxTOP | wxEXPAND, framenote::kRowGap);
+  wxCheckBox *const fixed = makeCheck(
+      page, 41, wxTRANSLATE("Fixed source size"), [record] { return record->GetFixedSourceSize(); },
+      [record](bool isFixed) { record->SetFixedSourceSize(isFixed); });
+  zoom->Add(fixed, 0, framenote::CheckFlags(*fixed), framenote::kRowGap);
   addRow(page, wxTRANSLATE("Zoom"), zoom);
   if (m_config.showZoomMethod) {
     addChoice(

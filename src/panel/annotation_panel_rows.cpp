@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The rows that property panels are made of.
+#include <algorithm>
+
 #include <wx/checkbox.h>
 #include <wx/clrpicker.h>
 #include <wx/odcombo.h>
@@ -14,9 +16,13 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "modes/annotation_tool_mode.h"
+#include "panel/accessible_name.h"
 #include "panel/panel_layout.h"
 
 namespace {
+
+/// What an owner-drawn item is painted from the edges of its field.
+constexpr int kItemMargin = 4;
 
 /// `colour` with another alpha.
 wxColour ChangeOpacity(int alpha, wxColour const &colour) {
@@ -39,6 +45,21 @@ void ShowColour(wxColourPickerCtrl &picker, wxColour const &colour) {
 }
 
 }  // namespace
+
+int framenote::CheckFlags(wxWindow const &check) {
+  bool const isMirrored = check.GetLayoutDirection() == wxLayout_RightToLeft;
+  return isMirrored ? wxTOP : wxTOP | wxEXPAND;
+}
+
+void framenote::FitToItems(wxOwnerDrawnComboBox &combo) {
+  int widest = 0;
+  for (unsigned i = 0; i < combo.GetCount(); ++i) {
+    widest = std::max(widest, combo.GetTextExtent(combo.GetString(i)).x);
+  }
+  combo.InvalidateBestSize();
+  int const needed = combo.GetSizeFromTextSize(widest + 2 * combo.FromDIP(kItemMargin)).x;
+  combo.SetMinSize(wxSize(std::max(needed, combo.GetBestSize().x), -1));
+}
 
 void AnnotationPanel::UpdateControls(int type) const {
   auto const updates = m_updates.find(static_cast<Types>(type));
@@ -71,32 +92,42 @@ wxPanel *AnnotationPanel::finishPage(Page const &page) {
   return page.window;
 }
 
+// The label goes before its control in the order of windows too: where the toolkit has no names for
+// screen readers, they take the text that stands before.
+wxStaticText *AnnotationPanel::makeLabel(Page const &page, wxString const &label,
+                                         std::vector<wxWindow *> const &controls) {
+  wxString const text = wxGetTranslation(label);
+  wxStaticText *const made = CreateStaticText(page.window, wxID_ANY, text, wxDefaultPosition,
+                                              wxDefaultSize, 0, wxStaticTextNameStr);
+  // GTK measures a font that it was given just now as the one before. The pixel is for rounding.
+  made->SetMinSize(made->GetTextExtent(text) + wxSize(1, 0));
+  if (!controls.empty()) made->MoveBeforeInTabOrder(controls.front());
+  for (wxWindow *control : controls) framenote::NameForScreenReaders(*control, text);
+  return made;
+}
+
 void AnnotationPanel::addRow(Page const &page, wxString const &label, wxWindow *control) {
-  page.grid->Add(CreateStaticText(page.window, wxID_ANY, wxGetTranslation(label), wxDefaultPosition,
-                                  wxDefaultSize, 0, wxStaticTextNameStr),
-                 0, wxALIGN_CENTER_VERTICAL, 0);
+  page.grid->Add(makeLabel(page, label, {control}), 0, wxALIGN_CENTER_VERTICAL, 0);
   page.grid->Add(control, 0, wxEXPAND, 0);
 }
 
 void AnnotationPanel::addRow(Page const &page, wxString const &label, wxSizer *controls) {
-  page.grid->Add(CreateStaticText(page.window, wxID_ANY, wxGetTranslation(label), wxDefaultPosition,
-                                  wxDefaultSize, 0, wxStaticTextNameStr),
-                 0, wxALIGN_CENTER_VERTICAL, 0);
+  std::vector<wxWindow *> windows;
+  for (wxSizerItem const *item : controls->GetChildren()) {
+    if (item->IsWindow()) windows.push_back(item->GetWindow());
+  }
+  page.grid->Add(makeLabel(page, label, windows), 0, wxALIGN_CENTER_VERTICAL, 0);
   page.grid->Add(controls, 0, wxEXPAND, 0);
 }
 
-wxOwnerDrawnComboBox *AnnotationPanel::makeChoice(Page const &page, int id, Labels const &labels,
-                                                  std::function<int()> const &get,
-                                                  std::function<void(int)> const &set) {
+wxOwnerDrawnComboBox *AnnotationPanel::makeList(Page const &page, int id, Labels const &labels,
+                                                std::function<int()> const &get) {
   std::vector<wxString> items;
   for (char const *label : labels) items.push_back(wxGetTranslation(label));
   wxOwnerDrawnComboBox *const combo = CreateOwnerDrawnComboBox(
       page.window, id, wxString(), wxDefaultPosition, wxDefaultSize, static_cast<int>(items.size()),
       items.data(), wxCB_READONLY, wxDefaultValidator, wxComboBoxNameStr);
-  combo->Bind(wxEVT_COMBOBOX, [this, combo, set, type = page.type](wxCommandEvent &) {
-    set(combo->GetSelection());
-    apply(type);
-  });
+  framenote::FitToItems(*combo);
   onUpdate(page, [combo, get] { ShowSelection(*combo, get()); });
   return combo;
 }
@@ -104,7 +135,12 @@ wxOwnerDrawnComboBox *AnnotationPanel::makeChoice(Page const &page, int id, Labe
 void AnnotationPanel::addChoice(Page const &page, int id, char const *label, Labels const &labels,
                                 std::function<int()> const &get,
                                 std::function<void(int)> const &set) {
-  addRow(page, label, makeChoice(page, id, labels, get, set));
+  wxOwnerDrawnComboBox *const combo = makeList(page, id, labels, get);
+  combo->Bind(wxEVT_COMBOBOX, [this, combo, set, type = page.type](wxCommandEvent &) {
+    set(combo->GetSelection());
+    apply(type);
+  });
+  addRow(page, label, combo);
 }
 
 wxColourPickerCtrl *AnnotationPanel::makeColour(Page const &page, int id,
@@ -153,7 +189,7 @@ void AnnotationPanel::addColourWithCheck(Page const &page, int pickerId, int che
   onUpdate(page, [check, get] { check->SetValue(IsTransparent(get())); });
   auto *const sizer = new wxBoxSizer(wxVERTICAL);  // owned by the grid
   sizer->Add(picker, 0, wxEXPAND, 0);
-  sizer->Add(check, 0, wxTOP | wxEXPAND, framenote::kRowGap);
+  sizer->Add(check, 0, framenote::CheckFlags(*check), framenote::kRowGap);
   addRow(page, label, sizer);
 }
 

@@ -147,6 +147,7 @@ void AnnotationPanel::addMacroRow(Page const &page) {
   wxOwnerDrawnComboBox *const combo =
       CreateOwnerDrawnComboBox(page.window, 31, wxString(), wxDefaultPosition, wxDefaultSize, items,
                                wxCB_READONLY, wxDefaultValidator, wxComboBoxNameStr);
+  framenote::FitToItems(*combo);
   combo->SetSelection(0);
   combo->Bind(wxEVT_COMBOBOX, [this, combo, config](wxCommandEvent &) {
     int const n = combo->GetSelection();

@@ -168,10 +168,14 @@ TEST_F(Palette, ExtensionColourGoesBothWays) {
   Send(*check, wxEVT_CHECKBOX);
   EXPECT_EQ(m_tool->GetExtensionColor(), *wxWHITE);
   EXPECT_TRUE(m_tool->GetJSON().ItemAt("Extended").AsBool());
+  auto const *const picker = dynamic_cast<wxColourPickerCtrl *>(check->GetNextSibling());
+  ASSERT_NE(picker, nullptr);
   m_tool->FromJSON(JsonFromText(R"({"Annotate":{"Extended":true,"ExtensionColor":null}})"), 10);
   EXPECT_FALSE(check->GetValue());
+  EXPECT_EQ(picker->GetColour(), *wxWHITE);
   m_tool->FromJSON(JsonFromText(R"({"Annotate":{"ExtensionColor":"#00FF00FF"}})"), 10);
   EXPECT_TRUE(check->GetValue());
+  EXPECT_EQ(picker->GetColour(), wxColour(0, 255, 0));
 }
 
 TEST_F(Palette, NoLabelIsCutOff) {
@@ -239,6 +243,9 @@ TEST_F(PlainPalette, LacksWhatTheHostDoesNotWant) {
   m_tool->SetObjectsVisible(false);
   m_tool->OnJsonChanged();
   EXPECT_TRUE(m_tool->GetJSON().HasMember("Extended"));
+  EXPECT_FALSE(m_tool->GetJSON().ItemAt("Extended").AsBool());
+  m_tool->FromJSON(JsonFromText(R"({"Annotate":{"Extended":true,"Objects":[]}})"), 10);
+  m_tool->OnJsonChanged();
   EXPECT_FALSE(m_tool->GetJSON().ItemAt("Extended").AsBool());
 }
 

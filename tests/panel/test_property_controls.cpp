@@ -2,10 +2,16 @@
 // Every property control, both ways: to the record, the selected object, the next object and the
 // document, and back from an object that is selected.
 #include <filesystem>
+#include <fstream>
+#include <stdexcept>
 #include <string>
 
+#include <wx/dcmemory.h>
+#include <wx/filedlg.h>
 #include <wx/filepicker.h>
 #include <wx/fontpicker.h>
+#include <wx/modalhook.h>
+#include <wx/sizer.h>
 #include <wx/textctrl.h>
 
 #include <gtest/gtest.h>
@@ -14,6 +20,7 @@
 #include "modes/ann_magnify_tool_mode.h"
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/ann_text_tool_mode.h"
+#include "painters/ann_painter.h"
 #include "panel/property_controls.h"
 
 namespace framenote::test {
@@ -145,6 +152,20 @@ TEST_F(PropertyControls, FontIsChosenOrTyped) {
     Send(*size, wxEVT_TEXT_ENTER);
     EXPECT_TRUE(record.GetFont().IsOk()) << garbage;
   }
+  size->SetValue("garbage");
+  Send(*size, wxEVT_TEXT_ENTER);
+  EXPECT_EQ(record.GetFont().GetPointSize(), 0);
+}
+
+TEST_F(PropertyControls, SizeThatIsNotListedLeavesTheListAsItWas) {
+  AnnTextProperties &record = *m_tool->GetToolModes().text->m_properties;
+  auto *const size = Find<wxOwnerDrawnComboBox>(25);
+  record.SetFont(wxFont(wxFontInfo(28)));
+  m_tool->UpdatePanelControls(Types::Text);
+  EXPECT_EQ(size->GetString(static_cast<unsigned>(size->GetSelection())), "28");
+  record.SetFont(wxFont(wxFontInfo(33)));
+  m_tool->UpdatePanelControls(Types::Text);
+  EXPECT_EQ(size->GetString(static_cast<unsigned>(size->GetSelection())), "28");
 }
 
 TEST_F(PropertyControls, FontDialogReachesAllFontControls) {
@@ -194,20 +215,82 @@ TEST_F(PropertyControls, ZoomIsShownInHalves) {
   EXPECT_EQ(record.GetZoom(), 1.5);
 }
 
+TEST_F(PropertyControls, ThicknessIsShownFrom1To50AndKeptAsItWas) {
+  ToolModes const &modes = m_tool->GetToolModes();
+  for (int const thickness : {-7, 0, 51, 1000000}) {
+    modes.shape->m_properties->SetThickness(thickness);
+    modes.hide->m_properties->SetThickness(thickness);
+    modes.magnify->m_properties->SetThickness(thickness);
+    for (Types const type : {Types::Shape, Types::Hide, Types::Magnify}) {
+      m_tool->UpdatePanelControls(type);
+    }
+    for (int const id : {15, 39, 46}) {
+      EXPECT_EQ(Find<wxSliderBase>(id)->GetValue(), thickness < 1 ? 1 : 50) << id;
+    }
+    EXPECT_EQ(modes.shape->m_properties->GetThickness(), thickness);
+  }
+}
+
+TEST_F(PropertyControls, PanelsHaveTheirRows) {
+  auto const rowsBeside = [this](int id) {
+    return Find<wxWindow>(id)->GetParent()->GetSizer()->GetItemCount() / 2;
+  };
+  EXPECT_EQ(rowsBeside(15), 4U);
+  EXPECT_EQ(rowsBeside(18), 3U);
+  EXPECT_EQ(rowsBeside(20), 2U);
+  EXPECT_EQ(rowsBeside(27), 9U);
+  EXPECT_EQ(rowsBeside(39), 5U);
+  EXPECT_EQ(rowsBeside(46), 6U);
+}
+
+/// Without macros and without the choice of a zoom method.
+class PlainPropertyControls : public PanelTest {
+protected:
+  PlainPropertyControls() : PanelTest(Config(false)) {}
+};
+
+TEST_F(PlainPropertyControls, LackTheRowsThatAreNotWanted) {
+  EXPECT_EQ(Find<wxWindow>(27)->GetParent()->GetSizer()->GetItemCount(), 8U * 2);
+  EXPECT_EQ(Find<wxWindow>(46)->GetParent()->GetSizer()->GetItemCount(), 5U * 2);
+}
+
+TEST_F(PropertyControls, TransparentColourOfAPictureReachesTheModeAtOnce) {
+  AnnImageToolMode &mode = *m_tool->GetToolModes().image;
+  auto const pixelOfPreview = [&] {
+    if (!Button(Types::Image).GetValue()) Toggle(Types::Image);
+    Mouse(wxEVT_MOTION, {20, 20});
+    Mouse(wxEVT_LEFT_DOWN, {20, 20});
+    Mouse(wxEVT_MOTION, {50, 35});
+    Mouse(wxEVT_MOTION, {60, 40});
+    EXPECT_EQ(m_tool->GetState(), ToolState::Drawing);
+    wxBitmap bitmap(100, 100, 24);
+    wxMemoryDC dc(bitmap);
+    dc.SetBackground(*wxBLUE_BRUSH);
+    dc.Clear();
+    auto painter = IAnnPainter::CreateAnnPainter(IAnnPainter::DeviceContext, dc, nullptr, 1.0);
+    mode.DrawPreview(painter, {0.0, 0.0});
+    painter.reset();
+    dc.SelectObject(wxNullBitmap);
+    m_tool->Deactivate();
+    m_tool->SetActiveTool(Types::Image);
+    wxImage const shown = bitmap.ConvertToImage();
+    wxColour const colour(shown.GetRed(40, 30), shown.GetGreen(40, 30), shown.GetBlue(40, 30));
+    return colour.GetAsString(wxC2S_HTML_SYNTAX);
+  };
+  ASSERT_TRUE(mode.HasPicture());
+  EXPECT_EQ(pixelOfPreview(), "#000000");
+  auto *const colours = Find<wxOwnerDrawnComboBox>(33);
+  colours->SetSelection(2);
+  Send(*colours, wxEVT_COMBOBOX);
+  EXPECT_EQ(pixelOfPreview(), "#0000FF");
+}
+
 TEST_F(PropertyControls, PictureFileIsTakenByItsExtension) {
   std::string const capitals = (fs::temp_directory_path() / "framenote_panel.PNG").string();
   fs::copy_file(m_path, capitals, fs::copy_options::overwrite_existing);
   AnnImageProperties const &record = *m_tool->GetToolModes().image->m_properties;
-  wxFilePickerCtrl *picker = nullptr;
-  for (wxWindow *child : Find<wxWindow>(32)->GetParent()->GetChildren()) {
-    if (auto *const found = dynamic_cast<wxFilePickerCtrl *>(child)) picker = found;
-  }
-  ASSERT_NE(picker, nullptr);
   auto const choose = [&](std::string const &path) {
-    picker->SetPath(wxString::FromUTF8(path));
-    wxFileDirPickerEvent event(wxEVT_FILEPICKER_CHANGED, picker, picker->GetId(),
-                               wxString::FromUTF8(path));
-    picker->GetEventHandler()->ProcessEvent(event);
+    Choose(path);
     return record.GetFileName().GetFullPath().utf8_string();
   };
   EXPECT_EQ(choose(capitals), m_path);
@@ -217,6 +300,76 @@ TEST_F(PropertyControls, PictureFileIsTakenByItsExtension) {
   EXPECT_EQ(m_tool->GetToolModes().image->GetAspectRatio(), 1.0);
   fs::remove(m_path + ".2.png");
   fs::remove(capitals);
+}
+
+/// Chooses one file in the dialog that is shown next.
+class ChooseFile : public wxModalDialogHook {
+public:
+  explicit ChooseFile(std::string const &path) : m_path(wxString::FromUTF8(path)) { Register(); }
+  ~ChooseFile() override { Unregister(); }
+  wxString const &Wildcard() const { return m_wildcard; }
+
+private:
+  int Enter(wxDialog *dialog) override {
+    auto *const files = dynamic_cast<wxFileDialog *>(dialog);
+    if (files == nullptr) return wxID_CANCEL;
+    m_wildcard = files->GetWildcard();
+    files->SetPath(m_path);
+    files->Show();
+    // The toolkit reads the folder in the background.
+    for (int i = 0; i < 400 && files->GetPath() != m_path; ++i) {
+      wxYield();
+      wxMilliSleep(5);
+    }
+    files->Hide();
+    return wxID_OK;
+  }
+
+  wxString m_path;
+  wxString m_wildcard;
+};
+
+TEST_F(PropertyControls, DialogForAMissingPictureTakesAnExtensionInCapitals) {
+  std::string const capitals = (fs::temp_directory_path() / "framenote_dialog.PNG").string();
+  fs::copy_file(m_path, capitals, fs::copy_options::overwrite_existing);
+  AnnImageToolMode &mode = *m_tool->GetToolModes().image;
+  mode.SetPictureImage(wxImage());
+  Toggle(Types::Image);
+  ChooseFile const choice(capitals);
+  Mouse(wxEVT_MOTION, {20, 20});
+  Mouse(wxEVT_LEFT_DOWN, {20, 20});
+  EXPECT_EQ(mode.m_properties->GetFileName().GetFullPath(), capitals);
+  EXPECT_TRUE(mode.HasPicture());
+  EXPECT_EQ(Picker().GetPath(), capitals);
+  EXPECT_TRUE(choice.Wildcard().StartsWith("Image files (*.bmp, *.jpg, *.jpeg, *.png, *.gif)|"));
+  fs::remove(capitals);
+}
+
+TEST_F(PropertyControls, FileThatVanishedLeavesTheModeWithoutAPicture) {
+  AnnImageToolMode &mode = *m_tool->GetToolModes().image;
+  DrawObject(Types::Image, {20, 20}, {90, 80});
+  fs::remove(m_path);
+  // Chosen and gone: it is left out, and what was there stays.
+  Choose(m_path);
+  EXPECT_TRUE(mode.HasPicture());
+  // There, but no picture.
+  std::ofstream(m_path) << "no picture";
+  Choose(m_path);
+  EXPECT_FALSE(mode.HasPicture());
+  ASSERT_NE(m_tool->GetSelectedObject(), nullptr);
+  EXPECT_FALSE(mode.m_properties->GetFileName().IsOk());
+}
+
+TEST_F(PropertyControls, DialogWhoseFileVanishedLeavesTheModeWithoutAPicture) {
+  AnnImageToolMode &mode = *m_tool->GetToolModes().image;
+  mode.SetPictureImage(wxImage());
+  Toggle(Types::Image);
+  ChooseFile const choice(m_path);
+  fs::remove(m_path);
+  Mouse(wxEVT_MOTION, {20, 20});
+  Mouse(wxEVT_LEFT_DOWN, {20, 20});
+  EXPECT_FALSE(mode.HasPicture());
+  EXPECT_EQ(m_tool->GetState(), ToolState::Default);
 }
 
 TEST_F(PropertyControls, ValuesBeyondTheLabelsAreShownAsNone) {
