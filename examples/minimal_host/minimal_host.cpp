@@ -23,6 +23,9 @@ public:
          {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_MOTION, wxEVT_RIGHT_UP, wxEVT_LEFT_DCLICK})
       Bind(type, &Canvas::OnMouse, this);
     Bind(wxEVT_MOUSEWHEEL, &Canvas::OnWheel, this);
+    Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent &event) {  // without a position, by key
+      if (event.GetPosition() == wxDefaultPosition) m_tool->PopupMenuByKey();
+    });
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent &) { m_tool->Deactivate(); });
   }
 

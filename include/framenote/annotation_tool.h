@@ -32,11 +32,10 @@ class wxToggleButton;
 
 /// The annotations of one picture or video: the objects, the selection, the mouse, the document.
 ///
-/// A host makes one in a std::shared_ptr, gives it the position (UpdateMediaInfo), the picture
-/// (SetImage) and the events' handler (InitGui), forwards mouse events
-/// (ProcessMouseEvent) and paints with it (Draw). The tool owns the objects and the modes, and has
-/// no timer and no queue; threads that SetImage starts have ended when it returns. Every call
-/// belongs to the host's GUI thread.
+/// A host makes one in a std::shared_ptr, gives it the events' handler (InitGui), the position
+/// (UpdateMediaInfo) and the picture (SetImage), forwards mouse events (ProcessMouseEvent) and
+/// paints with it (Draw). The tool owns the objects and the modes; it has no timer and no queue,
+/// and no thread outlives the call that started it. Every call is the GUI thread's.
 ///
 /// Positions are picture pixels, y downward. A point p of the picture appears on the window at
 /// (p + offset) * scale. Frames count from 0.
@@ -55,9 +54,8 @@ public:
 
   /// Makes the palette panel on `parent`, and records the handler that receives the events; none is
   /// raised before. `self` owns this tool; if it is null, the tool's own shared pointer is taken.
-  /// Without a parent there is no panel, and the result is null.
-  /// Throws std::bad_weak_ptr if no std::shared_ptr holds the tool and `self` is null; the tool
-  /// stays usable.
+  /// Without a parent there is no panel, and the result is null. Throws std::bad_weak_ptr if no
+  /// std::shared_ptr holds the tool and `self` is null; the tool stays usable.
   AnnotationPanel *InitGui(wxWindow *parent, wxEvtHandler *sink,
                            std::shared_ptr<AnnotationTool> self);
   /// Forgets the panel. To be called before the panel is destroyed.
@@ -73,8 +71,7 @@ public:
   void EnableMouse(bool enable);
   /// Hides or shows all annotations; hiding ends the selection.
   void SetObjectsVisible(bool visible);
-  /// Removes every object and tells the host. Needs a sink for its events (InitGui); without one
-  /// nothing is told.
+  /// Removes every object and tells the host, if there is a sink for its events (InitGui).
   void ClearAllAnnotations();
 
   bool IsEmpty() const;
@@ -89,10 +86,10 @@ public:
 
   // --- For the host: mouse and painting ---
 
-  /// Handles a left press, left release, motion, right release or left double click, and returns
-  /// the cursor to show. `position` is in picture pixels; `scale` and `offset` are those of the
-  /// view. The toolkit turns the second of two quick presses into a double click, which only opens
-  /// texts: a host passes it on, and again as a press if the state is not Editing then.
+  /// Handles a left press, left release, motion, right release or left double click at `position`,
+  /// in picture pixels, in a view of `scale` and `offset`, and returns the cursor to show. The
+  /// second of two quick presses comes as a double click, which only opens texts: a host passes it
+  /// on, and again as a press if the state is not Editing then.
   wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
                                   wxPoint2DDouble const &offset);
   /// Paints the objects of the current frame, the object being drawn, and the markers. With the
@@ -116,18 +113,16 @@ public:
   // --- For the host: frames and media ---
 
   /// Takes the current picture; an invalid image clears it. The pixels are shared with the
-  /// caller's image, and with a right-to-left interface they are mirrored in place. What hide
-  /// regions and lenses show of it is worked out where the objects are: UpdateMediaInfo goes first.
-  /// With `refreshCaches` the whole picture is hidden in advance, so that dragging a region is
-  /// cheap at once; without, as for a playing video, only what is seen. Throws std::bad_alloc if
-  /// there is no memory to hide a region.
+  /// caller's image, and mirrored in place in a right-to-left interface. Hide regions and lenses
+  /// show it where they are, so UpdateMediaInfo goes first. With `refreshCaches` the whole picture
+  /// is hidden in advance, so that dragging a region is cheap at once; without, as for a playing
+  /// video, only what is seen. Throws std::bad_alloc if there is no memory to hide a region.
   void SetImage(wxImage const &image, bool refreshCaches);
   /// The same; an invalid bitmap changes nothing.
   void SetImage(wxBitmap const &bitmap, bool refreshCaches);
   wxImage const &GetImage() const;
   /// Takes the position in the media and brings the objects there. A selected object's range
-  /// follows the position.
-  /// Throws std::runtime_error if the frame is not below the frame count.
+  /// follows it. Throws std::runtime_error if the frame is not below the frame count.
   void UpdateMediaInfo(AnnotationMediaInfo const &info);
   AnnotationMediaInfo const &GetMediaInfo() const;
   /// The rectangle that picture and annotations cover, in picture pixels. Without extension it is
@@ -173,11 +168,14 @@ public:
 
   // --- For the host: the context menu ---
 
-  /// Opens the menu for the selected object on the window last painted on, or, with `onObject`
-  /// false, one with "Paste" alone. Returns when it is closed.
+  /// Opens the menu for the selected object at the pointer, on the window last painted on; with
+  /// `onObject` false or nothing selected, one with "Paste" alone. Returns when it is closed.
   void popupRightClickMenu(bool onObject);
   /// The same for what lies under the pointer; an object there that has the focus is selected.
   void popupRightClickMenuOnSelected();
+  /// For the keys that open a menu, a wxContextMenuEvent without a position: the menu opens beside
+  /// the selected object, or with "Paste" alone in the middle. Nothing while a text is edited.
+  void PopupMenuByKey();
   /// Does what the item with the event's identifier does, an AnnotationCommand; also for hosts that
   /// offer the commands elsewhere. Copies go to a clipboard of the tool's own.
   void onPopupClick(wxCommandEvent &event);
@@ -234,6 +232,8 @@ private:
   void onObjectsModified();
 
   // The context menu
+  void popupMenuAt(bool onObject, wxPoint const &place);
+  void commitEditing();
   void onCharHook(wxKeyEvent &event);
   void runOnSelected(AnnotationCommand command);
   void onMenuPaste();

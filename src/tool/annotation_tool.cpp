@@ -266,13 +266,15 @@ void AnnotationTool::SetActiveTool(Types mode) {
 
 void AnnotationTool::SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode) {
   if (!mode) return;
-  // An editor may be gone, with the window that it lay on, while the state has not changed yet.
-  bool const leavesEditor = mode != m_activeTool && m_activeTool &&
-                            (m_activeTool->IsEditing() || m_state == ToolState::Editing);
-  if (leavesEditor) m_activeTool->FinishEditing();
-  m_activeTool = mode;
-  if (!leavesEditor) return;
   // The other mode knows nothing of the editor, so the tool must not stay in its state.
+  if (mode != m_activeTool) commitEditing();
+  m_activeTool = mode;
+}
+
+void AnnotationTool::commitEditing() {
+  // An editor may be gone, with the window that it lay on, while the state has not changed yet.
+  if (!m_activeTool || (!m_activeTool->IsEditing() && m_state != ToolState::Editing)) return;
+  m_activeTool->FinishEditing();
   m_state = hasSelection() ? ToolState::Selected : ToolState::Default;
   onObjectsModified();
 }

@@ -46,19 +46,32 @@ bool ResetCentre(IAnnotationObject &object) {
   return true;
 }
 
+/// Where a picture point is on a window, or the nearest place on it.
+wxPoint PlaceInWindow(wxPoint2DDouble const &point, wxPoint2DDouble const &offset, double scale,
+                      wxSize const &size) {
+  wxPoint2DDouble const seen((point.m_x + offset.m_x) * scale, (point.m_y + offset.m_y) * scale);
+  wxPoint const pixel = framenote::RoundToPixel(seen);
+  return {std::clamp(pixel.x, 0, std::max(size.GetWidth() - 1, 0)),
+          std::clamp(pixel.y, 0, std::max(size.GetHeight() - 1, 0))};
+}
+
 }  // namespace
 
 void AnnotationTool::popupRightClickMenu(bool onObject) {
+  popupMenuAt(onObject, wxDefaultPosition);
+}
+
+void AnnotationTool::popupMenuAt(bool onObject, wxPoint const &place) {
   Refresh();
   if (m_drawOn == nullptr) return;
   IAnnotationObject const *const selected = GetSelectedObject();
   std::pair<std::int64_t, std::int64_t> frames(-1, -1);
   if (selected != nullptr) frames = selected->GetFrameDuration();
   std::unique_ptr<wxMenu> const menu = framenote::MakeContextMenu(
-      {onObject, m_copiedObject != nullptr, m_selected == m_objects.begin(),
+      {onObject && selected != nullptr, m_copiedObject != nullptr, m_selected == m_objects.begin(),
        m_activeTool->GetModeId(), frames.first, frames.second});
   menu->Bind(wxEVT_MENU, &AnnotationTool::onPopupClick, this);
-  m_drawOn->PopupMenu(menu.get(), wxDefaultPosition);
+  m_drawOn->PopupMenu(menu.get(), place);
 }
 
 void AnnotationTool::popupRightClickMenuOnSelected() {
@@ -66,6 +79,19 @@ void AnnotationTool::popupRightClickMenuOnSelected() {
   bool const isHit = isMouseOnObject(it);
   if (isHit && !(*it)->IsSelected()) selectObject(false);
   popupRightClickMenu(isHit);
+}
+
+void AnnotationTool::PopupMenuByKey() {
+  if (m_drawOn == nullptr || m_activeTool->IsEditing()) return;
+  // What a command does may end the tool.
+  std::shared_ptr<AnnotationTool> const self = weak_from_this().lock();
+  wxSize const size = m_drawOn->GetClientSize();
+  wxPoint place(size.GetWidth() / 2, size.GetHeight() / 2);
+  if (hasSelection()) {
+    wxPoint2DInt const corner = (*m_selected)->GetPastePoint();
+    place = PlaceInWindow(wxPoint2DDouble(corner.m_x, corner.m_y), m_offset, m_scale, size);
+  }
+  popupMenuAt(hasSelection(), place);
 }
 
 void AnnotationTool::onCharHook(wxKeyEvent &event) {
@@ -79,6 +105,9 @@ void AnnotationTool::onCharHook(wxKeyEvent &event) {
 
 void AnnotationTool::onPopupClick(wxCommandEvent &event) {
   auto const command = static_cast<AnnotationCommand>(event.GetId());
+  if (command < AnnotationCommand::Copy || command > AnnotationCommand::GoToLastFrame) return;
+  // A command acts on the text as it has been typed; Delete is the editor's.
+  if (command != AnnotationCommand::Delete) commitEditing();
   if (command == AnnotationCommand::Paste) {
     onMenuPaste();
   } else if (command == AnnotationCommand::GoToFirstFrame) {
@@ -150,6 +179,7 @@ void AnnotationTool::runOnSelected(AnnotationCommand command) {
 
 void AnnotationTool::onMenuPaste() {
   if (!m_copiedObject) return;
+  m_activeTool->DiscardDrawing();
   m_copiedObject->Paste();
   IAnnotationObject &clone = *m_objects.front();
   std::int64_t const frame = m_mediaInfo.frameIndex;

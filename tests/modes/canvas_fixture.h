@@ -36,7 +36,7 @@ protected:
       ++m_paints;
     });
     for (auto const &type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_MOTION,
-                             wxEVT_RIGHT_DOWN, wxEVT_RIGHT_UP}) {
+                             wxEVT_RIGHT_DOWN, wxEVT_RIGHT_DCLICK, wxEVT_RIGHT_UP}) {
       m_canvas->Bind(type, [this](wxMouseEvent &event) { Forward(event); });
     }
     m_frame->Show();

@@ -15,7 +15,7 @@ class KeysInMenu : public wxTimer {
 public:
   KeysInMenu(std::vector<int> keys, wxUIActionSimulator &simulator)
       : m_keys(std::move(keys)), m_simulator(simulator) {
-    Start(150);
+    Start(kOpening);
   }
 
   void Notify() override {
@@ -23,10 +23,15 @@ public:
       Stop();
     } else {
       m_simulator.Char(m_keys[m_next++]);
+      Start(kPause);
     }
   }
 
 private:
+  // Milliseconds: what a menu takes to open, and to follow a key.
+  static constexpr int kOpening = 150;
+  static constexpr int kPause = 40;
+
   std::vector<int> m_keys;
   wxUIActionSimulator &m_simulator;
   std::size_t m_next = 0;
