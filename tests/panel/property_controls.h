@@ -3,10 +3,12 @@
 
 #include <filesystem>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
 #include <wx/checkbox.h>
 #include <wx/clrpicker.h>
+#include <wx/filepicker.h>
 #include <wx/odcombo.h>
 #include <wx/slider.h>
 
@@ -117,6 +119,20 @@ protected:
       default:
         return dynamic_cast<wxToggleButton &>(window).GetValue();
     }
+  }
+
+  wxFilePickerCtrl &Picker() {
+    for (wxWindow *child : Find<wxWindow>(32)->GetParent()->GetChildren()) {
+      if (auto *const found = dynamic_cast<wxFilePickerCtrl *>(child)) return *found;
+    }
+    throw std::logic_error("no file picker");
+  }
+  /// What choosing a file in the picker does.
+  void Choose(std::string const &path) {
+    Picker().SetPath(wxString::FromUTF8(path));
+    wxFileDirPickerEvent event(wxEVT_FILEPICKER_CHANGED, &Picker(), Picker().GetId(),
+                               wxString::FromUTF8(path));
+    Picker().GetEventHandler()->ProcessEvent(event);
   }
 
   std::string m_path;
