@@ -29,14 +29,16 @@ class PictureOfMenu : public wxTimer {
 public:
   PictureOfMenu(wxRect const &area, wxUIActionSimulator &simulator)
       : m_area(area), m_simulator(simulator) {
-    Start(200);
+    // Once: a second Escape could close a menu that opens later.
+    StartOnce(200);
   }
   void Notify() override {
-    if (!m_picture.IsOk()) m_picture = CaptureScreen(m_area);
+    m_picture = CaptureScreen(m_area);
     m_simulator.Char(WXK_ESCAPE);
   }
   /// How many pixels of a part are not as they were.
   int Changed(wxImage const &before, wxRect const &part) const {
+    if (!m_picture.IsOk()) return -1;
     int count = 0;
     for (int y = part.y; y < part.y + part.height; ++y) {
       for (int x = part.x; x < part.x + part.width; ++x) {
