@@ -329,8 +329,15 @@ private:
   wxString m_wildcard;
 };
 
+/// A folder with no more than one file: GTK 3's dialog leaks what it sorts several by.
+fs::path DialogFolder() {
+  fs::path folder = fs::temp_directory_path() / "framenote_dialog";
+  fs::create_directories(folder);
+  return folder;
+}
+
 TEST_F(PropertyControls, DialogForAMissingPictureTakesAnExtensionInCapitals) {
-  std::string const capitals = (fs::temp_directory_path() / "framenote_dialog.PNG").string();
+  std::string const capitals = (DialogFolder() / "picture.PNG").string();
   fs::copy_file(m_path, capitals, fs::copy_options::overwrite_existing);
   AnnImageToolMode &mode = *m_tool->GetToolModes().image;
   mode.SetPictureImage(wxImage());
@@ -342,7 +349,7 @@ TEST_F(PropertyControls, DialogForAMissingPictureTakesAnExtensionInCapitals) {
   EXPECT_TRUE(mode.HasPicture());
   EXPECT_EQ(Picker().GetPath(), capitals);
   EXPECT_TRUE(choice.Wildcard().StartsWith("Image files (*.bmp, *.jpg, *.jpeg, *.png, *.gif)|"));
-  fs::remove(capitals);
+  fs::remove_all(DialogFolder());
 }
 
 TEST_F(PropertyControls, FileThatVanishedLeavesTheModeWithoutAPicture) {
@@ -364,12 +371,12 @@ TEST_F(PropertyControls, DialogWhoseFileVanishedLeavesTheModeWithoutAPicture) {
   AnnImageToolMode &mode = *m_tool->GetToolModes().image;
   mode.SetPictureImage(wxImage());
   Toggle(Types::Image);
-  ChooseFile const choice(m_path);
-  fs::remove(m_path);
+  ChooseFile const choice((DialogFolder() / "vanished.png").string());
   Mouse(wxEVT_MOTION, {20, 20});
   Mouse(wxEVT_LEFT_DOWN, {20, 20});
   EXPECT_FALSE(mode.HasPicture());
   EXPECT_EQ(m_tool->GetState(), ToolState::Default);
+  fs::remove_all(DialogFolder());
 }
 
 TEST_F(PropertyControls, ValuesBeyondTheLabelsAreShownAsNone) {
