@@ -34,18 +34,26 @@ wxString OwnText(wxWindow const &control) {
   return hasText ? wxControl::RemoveMnemonics(control.GetLabel()) : wxString();
 }
 
-void NameWidget(wxWindow const &control, wxString const &name) {
+void NameWidget(void *widget, wxString const &name) {
   static Names const names;
   if (names.accessibleOf == nullptr || names.setName == nullptr) return;
-  void *const accessible = names.accessibleOf(control.GetHandle());
+  void *const accessible = names.accessibleOf(widget);
   if (accessible != nullptr) names.setName(accessible, name.utf8_str());
+}
+
+/// Lists stand inside a widget that scrolls them; the focus, and so the reader, goes to the inner
+/// one.
+void NameWidgets(wxWindow &control, wxString const &name) {
+  NameWidget(control.GetHandle(), name);
+  if (control.GetConnectWidget() == control.GetHandle()) return;
+  NameWidget(control.GetConnectWidget(), name);
 }
 
 }  // namespace
 
 void NameForScreenReaders(wxWindow &control, wxString const &name) {
   wxString const own = OwnText(control);
-  NameWidget(control, own.empty() ? name : name + ", " + own);
+  NameWidgets(control, own.empty() ? name : name + ", " + own);
   for (wxWindow *part : control.GetChildren()) NameForScreenReaders(*part, name);
 }
 #else
