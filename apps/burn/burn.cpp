@@ -53,10 +53,7 @@ FrameRange RangeOf(BurnOptions const &options, MediaInfo const &info) {
 /// Without --codec a video that is to be shared is H.264, and one in Matroska lossless.
 VideoCodec CodecOf(BurnOptions const &options) {
   if (options.codec) return *options.codec;
-  std::size_t const dot = options.output.rfind('.');
-  bool const isMatroska = dot != std::string::npos && (options.output.substr(dot) == ".mkv" ||
-                                                       options.output.substr(dot) == ".MKV");
-  return isMatroska ? VideoCodec::FFV1 : VideoCodec::H264;
+  return IsMatroska(options.output) ? VideoCodec::FFV1 : VideoCodec::H264;
 }
 
 }  // namespace
@@ -70,7 +67,10 @@ BurnResult Burn(BurnOptions const &options,
   BurnSettings settings;
   settings.look = LookOf(options);
   wxJSONValue const document = ReadDocument(options.document);
-  std::unique_ptr<MediaSource> const source = OpenMedia(InputOf(options));
+  MediaOptions media;
+  media.progress = [&](double) { return progress({}); };
+  media.keptBytes = 0;
+  std::unique_ptr<MediaSource> const source = OpenMedia(InputOf(options), media);
   settings.range = RangeOf(options, source->Info());
   settings.output = options.output;
   settings.codec = CodecOf(options);
@@ -78,6 +78,7 @@ BurnResult Burn(BurnOptions const &options,
   settings.keepAudio = options.keepAudio;
   settings.keepMetadata = options.keepMetadata;
   settings.report = options.report;
+  settings.documentFile = options.document;
   try {
     return RunBurnJob(*source, document, settings, progress);
   } catch (std::invalid_argument const &error) {

@@ -16,7 +16,8 @@ public:
 };
 
 /// Reads the document and the media, burns the annotations in and writes the result, whole or not
-/// at all. `progress` is called after each frame; false stops.
+/// at all. `progress` is called as by RunBurnJob, and before that, with no frames, while the media
+/// is opened; false stops.
 /// Throws ArgumentError, and what reading and writing throw: ProjectError, MediaError, FileError.
 /// REQUIRES: wxWidgets is started.
 BurnResult Burn(BurnOptions const &options,

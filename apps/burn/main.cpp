@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // framenote-burn: a document and its media in, the media with the annotations burnt in out.
+#include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -45,12 +48,36 @@ void StopOnSignals() {
 }
 
 /// Exactly one line, whatever the names in the message hold.
-int Fail(ExitCode code, std::string message) {
+void PrintLine(std::string message) {
   for (char &letter : message) {
     if (letter == '\n' || letter == '\r') letter = '?';
   }
   std::fprintf(stderr, "framenote-burn: %s\n", message.c_str());
+}
+
+int Fail(ExitCode code, std::string const &message) {
+  PrintLine(message);
   return code;
+}
+
+/// What a report lists in full.
+std::string DamageText(std::vector<std::int64_t> const &frames) {
+  constexpr std::size_t kMostNamed = 5;
+  bool const isOne = frames.size() == 1;
+  std::string text = isOne ? "frame" : std::to_string(frames.size()) + " frames";
+  text += isOne ? " " : " are damaged: ";
+  for (std::size_t i = 0; i < std::min(frames.size(), kMostNamed); ++i) {
+    if (i > 0) text += ", ";
+    text += std::to_string(frames[i]);
+  }
+  if (isOne) return text + " is damaged";
+  return frames.size() > kMostNamed ? text + " ..." : text;
+}
+
+void Warn(BurnResult const &result) {
+  std::string const start = "warning: '" + result.source + "': ";
+  if (!result.damagedFrames.empty()) PrintLine(start + DamageText(result.damagedFrames));
+  if (!result.problem.empty()) PrintLine(start + result.problem);
 }
 
 ExitCode CodeOf(MediaError const &error, BurnOptions const &options) {
@@ -69,7 +96,9 @@ int Run(BurnOptions const &options) {
     return !isInterrupted;
   };
   try {
-    output.ShowDone(options, Burn(options, show));
+    BurnResult const result = Burn(options, show);
+    output.ShowDone(options, result);
+    Warn(result);
   } catch (ArgumentError const &error) {
     return Fail(kArgumentError, error.what());
   } catch (FileError const &error) {

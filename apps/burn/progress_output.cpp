@@ -26,10 +26,18 @@ ProgressOutput::ProgressOutput(Form form) : m_form(form) {
 }
 
 ProgressOutput::~ProgressOutput() {
+  endLine();
+}
+
+void ProgressOutput::endLine() {
   if (m_isLineOpen) std::fputc('\n', stderr);
+  m_isLineOpen = false;
 }
 
 void ProgressOutput::Show(BurnProgress const &progress) {
+  // Files are being looked through, before or after the frames.
+  if (progress.frames == 0 || progress.done == m_done) return;
+  m_done = progress.done;
   if (m_form == Form::Line) {
     auto const percent = static_cast<int>(100 * progress.done / progress.frames);
     std::fprintf(stderr, "\r%lld of %lld frames, %d %%, %.1f frames/s, %.0f s left   ",
@@ -48,6 +56,7 @@ void ProgressOutput::Show(BurnProgress const &progress) {
 }
 
 void ProgressOutput::ShowDone(BurnOptions const &options, BurnResult const &result) {
+  endLine();
   if (m_form != Form::Json) return;
   wxJSONValue line(wxJSONTYPE_OBJECT);
   line.Set("result", "done");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 #include "burn/burn_options.h"
 #include "project/burn_job.h"
 
@@ -14,10 +16,13 @@ public:
   ~ProgressOutput();
 
   void Show(BurnProgress const &progress);
-  /// The last JSON line: the files were written.
+  /// The files were written: ends the line of a terminal, or writes the last JSON line.
   void ShowDone(BurnOptions const &options, BurnResult const &result);
 
 private:
+  void endLine();
+
   BurnOptions::ProgressForm m_form;
+  std::int64_t m_done = 0;  ///< as it was last told
   bool m_isLineOpen = false;
 };

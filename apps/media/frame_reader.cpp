@@ -10,9 +10,6 @@
 
 namespace {
 
-/// Decoded frames that are kept, in bytes: 80 frames of 1920 x 1080 with 12 bits a pixel.
-constexpr std::size_t kMostKeptBytes = std::size_t{256} << 20;
-
 std::size_t BytesOf(AVFrame const &frame) {
   std::size_t bytes = sizeof frame;
   for (AVBufferRef const *buffer : frame.buf) {
@@ -24,8 +21,11 @@ std::size_t BytesOf(AVFrame const &frame) {
 }  // namespace
 
 FrameReader::FrameReader(std::unique_ptr<VideoDecoder> decoder, VideoIndex index,
-                         FileStamp const &stamp)
-    : m_decoder(std::move(decoder)), m_index(std::move(index)), m_stamp(stamp) {}
+                         FileStamp const &stamp, std::size_t mostKeptBytes)
+    : m_decoder(std::move(decoder)),
+      m_index(std::move(index)),
+      m_stamp(stamp),
+      m_mostKeptBytes(mostKeptBytes) {}
 
 DecodedFrame const &FrameReader::Read(std::int64_t frame) {
   auto kept = m_kept.find(frame);
@@ -126,7 +126,7 @@ void FrameReader::Keep(std::int64_t frame, DecodedFrame decoded, std::int64_t wa
   Kept &kept = m_kept[frame];
   m_keptBytes = m_keptBytes - kept.bytes + bytes;
   kept = {std::move(decoded), bytes};
-  while (m_keptBytes > kMostKeptBytes && m_kept.size() > 1) {
+  while (m_keptBytes > m_mostKeptBytes && m_kept.size() > 1) {
     auto const first = m_kept.begin();
     auto const last = std::prev(m_kept.end());
     auto const furthest = wanted - first->first >= last->first - wanted ? first : last;

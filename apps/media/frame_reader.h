@@ -16,8 +16,10 @@
 /// frames does not decode it anew each time.
 class FrameReader {
 public:
-  /// `decoder` may stand anywhere; `stamp` is that of the file when it was indexed.
-  FrameReader(std::unique_ptr<VideoDecoder> decoder, VideoIndex index, FileStamp const &stamp);
+  /// `decoder` may stand anywhere; `stamp` is that of the file when it was indexed; of decoded
+  /// frames up to `mostKeptBytes` are kept, and one in any case.
+  FrameReader(std::unique_ptr<VideoDecoder> decoder, VideoIndex index, FileStamp const &stamp,
+              std::size_t mostKeptBytes);
 
   VideoIndex const &Index() const { return m_index; }
   VideoDecoder const &Decoder() const { return *m_decoder; }
@@ -38,6 +40,7 @@ private:
   std::unique_ptr<VideoDecoder> m_decoder;
   VideoIndex m_index;
   FileStamp m_stamp;
+  std::size_t m_mostKeptBytes;
   /// The frame that came out last since decoding began anew; -1 before any, or when it stopped.
   std::int64_t m_last = -1;
   bool m_isRunning = false;

@@ -208,9 +208,14 @@ void ReadTiff(std::string_view bytes, StillHeader &header) {
   }
 }
 
-bool IsWholeJpeg(std::string_view bytes) {
+/// Where the picture data of a JPEG begin, or its end if they do not.
+std::size_t DataOfJpeg(std::string_view bytes) {
   StillHeader header;
-  std::size_t const data = WalkJpeg(bytes, header);
+  return WalkJpeg(bytes, header);
+}
+
+bool IsWholeJpeg(std::string_view bytes) {
+  std::size_t const data = DataOfJpeg(bytes);
   // Within picture data a mark is told from a byte of that value by what follows.
   return data < bytes.size() && bytes.substr(data).find("\xFF\xD9") != std::string_view::npos;
 }
@@ -272,4 +277,8 @@ bool IsWhole(std::string_view bytes, StillHeader const &header) {
   // Bitmaps, with one bit a pixel, have no highest number; their decoder refuses them anyway.
   bool const isNumbers = header.format == Format::Pnm && bytes[1] != '1' && bytes[1] != '4';
   return !isNumbers || IsWholePnm(bytes, header);
+}
+
+bool IsPartDecoded(std::string_view bytes, StillHeader const &header) {
+  return header.format == Format::Jpeg && DataOfJpeg(bytes) < bytes.size();
 }

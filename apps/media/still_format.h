@@ -31,3 +31,6 @@ char const *NameOf(StillHeader::Format format);
 /// Whether a picture is there to its end, in the formats whose decoders fill up what is missing:
 /// a JPEG's end mark, a PNM's numbers. True for the other formats.
 bool IsWhole(std::string_view bytes, StillHeader const &header);
+/// Whether the decoder makes the picture of what is there: a JPEG whose picture data have begun,
+/// where it paints grey what is missing. For pictures that are not whole.
+bool IsPartDecoded(std::string_view bytes, StillHeader const &header);

@@ -25,8 +25,11 @@ using Format = StillHeader::Format;
 /// One picture, decoded.
 class StillSource final : public MediaSource {
 public:
-  StillSource(std::string path, MediaInfo info, Picture picture)
-      : m_path(std::move(path)), m_info(std::move(info)), m_picture(std::move(picture)) {}
+  StillSource(std::string path, MediaInfo info, Picture picture, bool isDamaged)
+      : m_path(std::move(path)),
+        m_info(std::move(info)),
+        m_picture(std::move(picture)),
+        m_isDamaged(isDamaged) {}
 
   std::string const &Path() const override { return m_path; }
   MediaInfo const &Info() const override { return m_info; }
@@ -36,6 +39,7 @@ public:
     MediaFrame frame;
     frame.picture = Picture(m_picture.Width(), m_picture.Height());
     std::memcpy(frame.picture.Pixels(), m_picture.Pixels(), m_picture.ByteCount());
+    frame.isDamaged = m_isDamaged;
     return frame;
   }
 
@@ -43,6 +47,7 @@ private:
   std::string m_path;
   MediaInfo m_info;
   Picture m_picture;
+  bool m_isDamaged;
 };
 
 /// By the handler itself: those of wxImage's list are the program's to choose.
@@ -110,7 +115,8 @@ std::unique_ptr<MediaSource> OpenStill(std::string const &path, std::string byte
   if (!IsAcceptedSize(header->width, header->height)) {
     throw MediaError(MediaProblem::TooLarge, path);
   }
-  if (!IsWhole(bytes, *header)) {
+  bool const isWhole = IsWhole(bytes, *header);
+  if (!isWhole && !IsPartDecoded(bytes, *header)) {
     throw MediaError(MediaProblem::Damaged, path, "its end is missing");
   }
   PictureTurn const turn = TurnOfExif(ExifOrientation(bytes));
@@ -119,5 +125,5 @@ std::unique_ptr<MediaSource> OpenStill(std::string const &path, std::string byte
   if (!image.IsOk()) throw MediaError(MediaProblem::Damaged, path);
   Picture picture = Turned(ToPicture(image), turn);
   MediaInfo info = Describe(*header, picture, turn);
-  return std::make_unique<StillSource>(path, std::move(info), std::move(picture));
+  return std::make_unique<StillSource>(path, std::move(info), std::move(picture), !isWhole);
 }

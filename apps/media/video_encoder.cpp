@@ -51,11 +51,17 @@ constexpr ColourTags kColourTags[] = {
     {"bt2020nc", AVCOL_SPC_BT2020_NCL, AVCOL_PRI_BT2020, AVCOL_TRC_UNSPECIFIED},
 };
 
-ColourTags const &TagsOf(VideoSettings const &settings, std::string const &path) {
+/// nullptr if there is none of that name.
+ColourTags const *FindTags(std::string const &matrix) {
   auto const *const found =
       std::find_if(std::begin(kColourTags), std::end(kColourTags),
-                   [&](ColourTags const &tags) { return settings.colourMatrix == tags.name; });
-  if (found == std::end(kColourTags)) {
+                   [&](ColourTags const &tags) { return matrix == tags.name; });
+  return found == std::end(kColourTags) ? nullptr : found;
+}
+
+ColourTags const &TagsOf(VideoSettings const &settings, std::string const &path) {
+  ColourTags const *const found = FindTags(settings.colourMatrix);
+  if (found == nullptr) {
     throw MediaError(MediaProblem::Unsupported, path, "colour matrix " + settings.colourMatrix);
   }
   return *found;
@@ -112,6 +118,10 @@ PictureConverter NewConverter(VideoSettings const &settings, std::string const &
 }
 
 }  // namespace
+
+bool IsWrittenMatrix(std::string const &colourMatrix) {
+  return FindTags(colourMatrix) != nullptr;
+}
 
 VideoEncoder::VideoEncoder(VideoSettings const &settings, std::string const &path)
     : m_path(path),

@@ -145,7 +145,8 @@ std::unique_ptr<MediaSource> OpenVideo(std::string const &path, FileStamp const 
   RequireUnchanged(path, stamp);
   PictureTurn const turn = TurnOf(decoder->Input().Video());
   MediaInfo info = Describe(*decoder, *index, turn);
-  return std::make_unique<VideoSource>(path, std::move(info),
-                                       FrameReader(std::move(decoder), std::move(*index), stamp),
-                                       FrameConverter(width, height, turn));
+  return std::make_unique<VideoSource>(
+      path, std::move(info),
+      FrameReader(std::move(decoder), std::move(*index), stamp, options.keptBytes),
+      FrameConverter(width, height, turn));
 }

@@ -71,6 +71,9 @@ public:
   virtual std::string AudioProblem() const = 0;
 };
 
+/// Whether a matrix is one of those that VideoSettings names.
+bool IsWrittenMatrix(std::string const &colourMatrix);
+
 /// Creates or empties `path` and starts the video. The container is MP4 or MOV for H.264 by the
 /// extension of `containerName`, and Matroska for either codec; `path` itself may be called
 /// anything. Throws MediaError: Unsupported where codec, container and audio do not go together,

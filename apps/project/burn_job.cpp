@@ -17,10 +17,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void RefuseSource(std::string const &path, MediaSource const &source) {
-  std::error_code none;  // a file that is not there yet is not the source
-  if (path.empty() || !fs::equivalent(path, source.Path(), none)) return;
-  throw std::invalid_argument("'" + path + "' is the source, which is never written to");
+constexpr char const *kSource = "the source, which is never written to";
+constexpr char const *kDocument = "the document, which is never written to";
+
+/// No file is written where another one is that the job reads or writes.
+void RefuseSame(std::string const &path, std::string const &other, char const *what) {
+  if (path.empty() || other.empty()) return;
+  std::error_code none;  // a file that is not there yet is no other one, unless by its name
+  if (path != other && !fs::equivalent(path, other, none)) return;
+  throw std::invalid_argument("'" + path + "' is " + what);
+}
+
+void CheckNames(MediaSource const &source, BurnSettings const &settings) {
+  bool const isMany = BurnOutputOf(settings.output) == BurnOutput::Pictures;
+  FrameRange const range = isMany ? settings.range : FrameRange{0, 0};
+  for (std::int64_t frame = range.first; frame <= range.last; ++frame) {
+    std::string const path = isMany ? OutputPathOf(settings.output, frame) : settings.output;
+    RefuseSame(path, source.Path(), kSource);
+    RefuseSame(path, settings.documentFile, kDocument);
+    RefuseSame(settings.report, path, "the output too");
+  }
+  RefuseSame(settings.report, source.Path(), kSource);
+  RefuseSame(settings.report, settings.documentFile, kDocument);
 }
 
 void CheckSettings(MediaSource const &source, BurnSettings const &settings) {
@@ -31,12 +49,16 @@ void CheckSettings(MediaSource const &source, BurnSettings const &settings) {
                                 std::to_string(range.last) + " are not within the " +
                                 std::to_string(count) + " of '" + source.Path() + "'");
   }
-  if (BurnOutputOf(settings.output) == BurnOutput::Picture && range.Count() > 1) {
+  BurnOutput const kind = BurnOutputOf(settings.output);
+  if (kind == BurnOutput::Picture && range.Count() > 1) {
     throw std::invalid_argument("'" + settings.output +
                                 "' is one picture; several want a number's place, as %06d");
   }
-  RefuseSource(settings.output, source);
-  RefuseSource(settings.report, source);
+  if (kind == BurnOutput::Video && settings.codec == VideoCodec::FFV1 &&
+      !IsMatroska(settings.output)) {
+    throw std::invalid_argument("'" + settings.output + "' cannot hold FFV1; .mkv can");
+  }
+  CheckNames(source, settings);
 }
 
 /// How fast it goes, and how long it will go on.
@@ -58,11 +80,6 @@ private:
   std::chrono::steady_clock::time_point const m_start = std::chrono::steady_clock::now();
 };
 
-/// The report's text in a file beside the output, which is published last.
-void WriteReport(std::string const &path, wxJSONValue const &report) {
-  WriteFileAtomically(path, JsonToUtf8(report) + "\n");
-}
-
 }  // namespace
 
 BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
@@ -70,11 +87,18 @@ BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
                       std::function<bool(BurnProgress const &)> const &progress) {
   CheckSettings(source, settings);
   std::unique_ptr<FrameSink> const sink = MakeFrameSink(source, settings);
-  FrameBurner burner(source, document, settings.look);
+  // From the beginning on, so that a place that cannot be written to costs no hours of work.
+  std::optional<AtomicFile> reportFile;
   std::optional<BurnReport> report;
-  if (!settings.report.empty()) report.emplace(source, document, settings);
+  if (!settings.report.empty()) {
+    reportFile.emplace(settings.report);
+    report.emplace(source, document, settings);
+  }
+  FrameBurner burner(source, document, settings.look);
   BurnResult result;
+  result.source = source.Path();
   Pace const pace(settings.range.Count());
+  auto const tell = [&](std::int64_t done) { return !progress || progress(pace.At(done)); };
 
   FrameSteps steps;
   steps.burn = [&](std::int64_t frame, MediaFrame &&read) {
@@ -85,15 +109,19 @@ BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
     sink->Write(frame, picture);
     if (report) report->AddFrame(frame, picture);
   };
-  steps.progress = [&](std::int64_t done) { return !progress || progress(pace.At(done)); };
+  steps.progress = tell;
   if (!RunFramePipeline(source, settings.range, steps)) {
     throw MediaError(MediaProblem::Cancelled, settings.output);
   }
   std::vector<OutputFile> const files = sink->Complete();
+  result.problem = sink->Problem();
   if (report) {
+    report->GoOnWhile([&] { return tell(settings.range.Count()); });
     for (OutputFile const &file : files) report->AddOutput(file.temporaryPath, file.path);
-    result.report = report->ToJSON(burner.Tool(), result.damagedFrames);
-    WriteReport(settings.report, result.report);
+    result.report = report->ToJSON(burner.Tool(), result);
+    reportFile->Write(JsonToUtf8(result.report) + "\n");
+    reportFile->CloseOnDisk();
+    reportFile->Commit();
   }
   sink->Publish();
   return result;

@@ -21,7 +21,8 @@ struct BurnSettings {
   int quality = 17;  ///< of H.264: its constant rate factor, 0 (best) to 51
   bool keepAudio = true;
   bool keepMetadata = false;
-  std::string report;  ///< a file for the report; empty: none
+  std::string report;        ///< a file for the report; empty: none
+  std::string documentFile;  ///< where the document was read, for the report; empty: nowhere
 };
 
 struct BurnProgress {
@@ -32,16 +33,20 @@ struct BurnProgress {
 };
 
 struct BurnResult {
+  std::string source;                       ///< the path of what was burnt into
   std::vector<std::int64_t> damagedFrames;  ///< that the decoder had to make up in part
-  wxJSONValue report;                       ///< null if none was asked for
+  std::string problem;  ///< what of the source the output lacks, in English; empty: nothing
+  wxJSONValue report;   ///< null if none was asked for
 };
 
 /// Burns the annotations of `document` into frames of `source` and writes the output, whole or not
-/// at all: it gets its name when it is complete, and the report is written before that.
-/// `progress` is called after each frame; false stops. Belongs to the GUI thread.
+/// at all: it gets its name when it is complete, and the report its own right before that.
+/// `progress` is called after each frame, and with all frames done again and again while files are
+/// summed up for the report; false stops. Belongs to the GUI thread.
 /// Throws MediaError (Cancelled if it was stopped), FileError, and std::invalid_argument for an
-/// output of unknown kind, a range outside the source, or an output or a report that is the source
-/// itself. REQUIRES: `source` reads the frames for this job alone while it runs.
+/// output of unknown kind or of a codec that it cannot hold, a range outside the source, or an
+/// output or a report that is the source or the document itself, or the other one. REQUIRES:
+/// `source` reads the frames for this job alone while it runs.
 BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
                       BurnSettings const &settings,
                       std::function<bool(BurnProgress const &)> const &progress);

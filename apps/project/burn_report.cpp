@@ -25,14 +25,6 @@ wxJSONValue Pair(std::int64_t first, std::int64_t second) {
   return pair;
 }
 
-wxJSONValue FileToJSON(std::string const &path, std::string const &name) {
-  wxJSONValue json(wxJSONTYPE_OBJECT);
-  json.Set("path", JsonOfPath(name));
-  json.Set("size", static_cast<unsigned long long>(std::filesystem::file_size(path)));
-  json.Set("sha256", Sha256OfFile(path).c_str());
-  return json;
-}
-
 std::string SumOfText(std::string const &text) {
   return Sha256OfBytes(text.data(), text.size());
 }
@@ -48,40 +40,45 @@ BurnReport::BurnReport(MediaSource const &source, wxJSONValue const &document,
     : m_source(source), m_document(document), m_settings(settings) {}
 
 void BurnReport::AddFrame(std::int64_t, Picture const &picture) {
-  m_width = picture.Width();
-  m_height = picture.Height();
   m_frameSums.push_back(Sha256OfBytes(picture.Pixels(), picture.ByteCount()));
 }
 
 void BurnReport::AddOutput(std::string const &path, std::string const &name) {
-  m_outputs.push_back(FileToJSON(path, name));
+  m_outputs.push_back(fileToJSON(path, name));
 }
 
-wxJSONValue BurnReport::ToJSON(AnnotationTool const &tool,
-                               std::vector<std::int64_t> const &damagedFrames) const {
+wxJSONValue BurnReport::fileToJSON(std::string const &path, std::string const &name) const {
+  wxJSONValue json(wxJSONTYPE_OBJECT);
+  json.Set("path", JsonOfPath(name));
+  json.Set("size", static_cast<unsigned long long>(std::filesystem::file_size(path)));
+  auto const progress = [this](double) { return !m_goesOn || m_goesOn(); };
+  json.Set("sha256", Sha256OfFile(path, progress).c_str());
+  return json;
+}
+
+wxJSONValue BurnReport::ToJSON(AnnotationTool const &tool, BurnResult const &result) const {
   wxJSONValue report(wxJSONTYPE_OBJECT);
   report.Set("format", kFormat);
   report.Set("formatVersion", kFormatVersion);
   report.Set("libraryVersion", FRAMENOTE_VERSION);
   report.Set("source", sourceToJSON());
-  wxJSONValue document(wxJSONTYPE_OBJECT);
-  document.Set("sha256", SumOfText(JsonToUtf8(m_document)).c_str());
-  report.Set("document", document);
+  report.Set("document", documentToJSON());
   report.Set("settings", settingsToJSON());
   wxJSONValue outputs(wxJSONTYPE_ARRAY);
   for (wxJSONValue const &output : m_outputs) outputs.Append(output);
   report.Set("outputs", outputs);
   report.Set("frames", framesToJSON());
   wxJSONValue damaged(wxJSONTYPE_ARRAY);
-  for (std::int64_t const frame : damagedFrames) damaged.Append(Number(frame));
+  for (std::int64_t const frame : result.damagedFrames) damaged.Append(Number(frame));
   report.Set("damagedFrames", damaged);
+  if (!result.problem.empty()) report.Set("problem", wxString::FromUTF8(result.problem));
   addRegions(tool, report);
   return report;
 }
 
 wxJSONValue BurnReport::sourceToJSON() const {
   MediaInfo const &info = m_source.Info();
-  wxJSONValue json = FileToJSON(m_source.Path(), m_source.Path());
+  wxJSONValue json = fileToJSON(m_source.Path(), m_source.Path());
   json.Set("width", info.width);
   json.Set("height", info.height);
   json.Set("frameCount", Number(info.frameCount));
@@ -94,6 +91,14 @@ wxJSONValue BurnReport::sourceToJSON() const {
   json.Set("colourMatrix", info.colourMatrix.c_str());
   json.Set("colourMatrixGuessed", info.isColourMatrixGuessed);
   json.Set("fullRange", info.isFullRange);
+  return json;
+}
+
+wxJSONValue BurnReport::documentToJSON() const {
+  wxJSONValue json(wxJSONTYPE_OBJECT);
+  std::string const &file = m_settings.documentFile;
+  if (!file.empty()) json = fileToJSON(file, file);
+  json.Set("valueSha256", SumOfText(JsonToUtf8(m_document)).c_str());
   return json;
 }
 

@@ -22,6 +22,10 @@ Picture FrameBurner::Burn(std::int64_t frame, Picture picture) {
   macros.insert(macros.end(), m_look.macros.begin(), m_look.macros.end());
   MediaInfo const &info = m_source.Info();
   std::int64_t const inDocument = info.kind == MediaInfo::Kind::Still ? m_look.stillFrame : frame;
+  // At the frame already, the tool need not cut what is hidden a second time for where it stood.
+  if (info.kind == MediaInfo::Kind::Video) {
+    m_tool->UpdateMediaInfo({frame, info.frameCount, false});
+  }
   wxImage const burnt = m_tool->GetAnnotatedFrame(ToImage(std::move(picture)),
                                                   {inDocument, info.frameCount, false}, macros);
   if (!burnt.IsOk()) throw MediaError(MediaProblem::TooLarge, m_source.Path());

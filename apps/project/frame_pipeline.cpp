@@ -2,6 +2,7 @@
 #include "project/frame_pipeline.h"
 
 #include <exception>
+#include <functional>
 #include <thread>
 #include <utility>
 
@@ -28,15 +29,23 @@ using BurntFrames = BoundedQueue<BurntFrame>;
 /// A thread that keeps what it threw until it is asked.
 class Worker {
 public:
+  /// `stop` makes `work` end soon, from any thread.
   template <class Work>
-  explicit Worker(Work work)
-      : m_thread([this, work = std::move(work)] {
+  Worker(Work work, std::function<void()> stop)
+      : m_stop(std::move(stop)), m_thread([this, work = std::move(work)] {
           try {
             work();
           } catch (...) {
             m_failure = std::current_exception();
           }
         }) {}
+  Worker(Worker const &) = delete;
+  Worker &operator=(Worker const &) = delete;
+  ~Worker() {
+    if (!m_thread.joinable()) return;
+    m_stop();
+    m_thread.join();
+  }
 
   /// Waits for the end.
   void Join() { m_thread.join(); }
@@ -46,9 +55,19 @@ public:
   }
 
 private:
+  std::function<void()> m_stop;
   std::exception_ptr m_failure;  // before the thread, which writes it
   std::thread m_thread;
 };
+
+/// Does something on whatever way out.
+template <class Work>
+struct AtEnd {
+  Work work;
+  ~AtEnd() { work(); }
+};
+template <class Work>
+AtEnd(Work) -> AtEnd<Work>;
 
 void ReadAll(MediaSource &source, FrameRange const &range, ReadFrames &read) {
   for (std::int64_t frame = range.first; frame <= range.last; ++frame) {
@@ -89,40 +108,25 @@ bool RunFramePipeline(MediaSource &source, FrameRange const &range, FrameSteps c
   if (source.Info().kind == MediaInfo::Kind::Still) return RunInOneThread(source, range, steps);
   ReadFrames read(kFramesBetweenSteps);
   BurntFrames burnt(kFramesBetweenSteps);
-  Worker reader([&] {
-    try {
-      ReadAll(source, range, read);
-    } catch (...) {
-      read.Close();
-      throw;
-    }
-    read.Close();
-  });
-  Worker writer([&] {
-    try {
-      WriteAll(steps, burnt);
-    } catch (...) {
-      burnt.Abandon();
-      throw;
-    }
-  });
-  std::exception_ptr failure;
-  bool isWhole = false;
-  try {
-    isWhole = BurnAll(steps, read, burnt);
-  } catch (...) {
-    failure = std::current_exception();
-  }
+  // What burns must never wait for a thread that has ended.
+  Worker reader(
+      [&] {
+        AtEnd const close{[&] { read.Close(); }};
+        ReadAll(source, range, read);
+      },
+      [&] { read.Abandon(); });
+  Worker writer(
+      [&] {
+        AtEnd const abandon{[&] { burnt.Abandon(); }};
+        WriteAll(steps, burnt);
+      },
+      [&] { burnt.Abandon(); });
+  if (!BurnAll(steps, read, burnt)) return false;
   read.Abandon();
-  if (isWhole) {
-    burnt.Close();
-  } else {
-    burnt.Abandon();
-  }
+  burnt.Close();
   reader.Join();
   writer.Join();
-  if (failure) std::rethrow_exception(failure);
   reader.Rethrow();
   writer.Rethrow();
-  return isWhole;
+  return true;
 }

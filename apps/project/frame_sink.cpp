@@ -70,21 +70,42 @@ public:
       : m_source(source), m_settings(settings), m_file(settings.output) {}
 
   void Write(std::int64_t frame, Picture const &picture) override {
-    if (!m_writer) m_writer = start(picture);
-    m_writer->Write(picture, m_source.TimeStamp(frame), m_source.Duration(frame));
+    underItsName([&] {
+      if (!m_writer) start(picture);
+      if (wxSize(picture.Width(), picture.Height()) != m_size) {
+        throw MediaError(MediaProblem::Unsupported, m_settings.output, "pictures of two sizes");
+      }
+      m_writer->Write(picture, m_source.TimeStamp(frame), m_source.Duration(frame));
+    });
   }
 
   std::vector<OutputFile> Complete() override {
-    if (m_writer) m_writer->Finish();
+    underItsName([&] { m_writer->Finish(); });
+    std::string const audio = m_writer->AudioProblem();
+    if (!audio.empty()) m_problem = "some of its sound is missing or damaged (" + audio + ")";
     m_writer.reset();
     m_file.CloseOnDisk();
     return {{m_file.TemporaryPath(), m_settings.output}};
   }
 
+  std::string Problem() const override { return m_problem; }
+
   void Publish() override { m_file.Commit(); }
 
 private:
-  std::unique_ptr<VideoWriter> start(Picture const &picture) const {
+  /// What the writer says of the temporary file, it says of the output.
+  template <class Work>
+  void underItsName(Work const &work) const {
+    try {
+      work();
+    } catch (MediaError const &error) {
+      if (error.Path() != m_file.TemporaryPath()) throw;
+      throw MediaError(error.Problem(), m_settings.output, error.Detail());
+    }
+  }
+
+  void start(Picture const &picture) {
+    m_size = wxSize(picture.Width(), picture.Height());
     MediaInfo const &info = m_source.Info();
     VideoSettings video;
     video.codec = m_settings.codec;
@@ -94,10 +115,11 @@ private:
     if (!info.hasVariableRate) video.frameRate = info.frameRate;
     video.pixelShape = info.pixelShape;
     video.quality = m_settings.quality;
-    video.colourMatrix = info.colourMatrix;
+    // Pictures of other sources, such as those of RGB, take the matrix of high definition.
+    if (IsWrittenMatrix(info.colourMatrix)) video.colourMatrix = info.colourMatrix;
     video.keepMetadata = m_settings.keepMetadata;
     takeRange(video);
-    return CreateVideo(m_file.TemporaryPath(), m_settings.output, video);
+    m_writer = CreateVideo(m_file.TemporaryPath(), m_settings.output, video);
   }
 
   /// The whole of a source keeps its clock, and its sound before and after the pictures; a part of
@@ -124,6 +146,8 @@ private:
   BurnSettings const m_settings;
   AtomicFile m_file;
   std::unique_ptr<VideoWriter> m_writer;
+  wxSize m_size;
+  std::string m_problem;
 };
 
 }  // namespace

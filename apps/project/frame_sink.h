@@ -25,8 +25,11 @@ public:
   virtual ~FrameSink() = default;
 
   virtual void Write(std::int64_t frame, Picture const &picture) = 0;
-  /// Completes the files, and returns them in the frames' order.
+  /// Completes the files, and returns them in the frames' order. REQUIRES: a frame was written.
   virtual std::vector<OutputFile> Complete() = 0;
+  /// What of the source the output should have and lacks, in English; empty if nothing. For after
+  /// Complete.
+  virtual std::string Problem() const { return {}; }
   /// Gives them their names. REQUIRES: Complete has returned.
   virtual void Publish() = 0;
 };

@@ -44,6 +44,10 @@ BurnOutput BurnOutputOf(std::string const &path) {
   return FindNumberPlace(path) ? BurnOutput::Pictures : BurnOutput::Picture;
 }
 
+bool IsMatroska(std::string const &path) {
+  return ExtensionOf(path) == ".mkv";
+}
+
 wxBitmapType PictureTypeOf(std::string const &path) {
   std::string const extension = ExtensionOf(path);
   if (extension == ".png") return wxBITMAP_TYPE_PNG;

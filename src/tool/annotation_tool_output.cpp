@@ -13,6 +13,7 @@
 #include "objects/ann_text.h"
 #include "objects/text_lines.h"
 #include "painters/ann_painter.h"
+#include "talbase/layout_direction.h"
 
 namespace {
 
@@ -74,6 +75,9 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
                                           MacroPairs const &macros) {
   // Only the low 32 bits of the position come back.
   auto const savedFrame = static_cast<std::int32_t>(m_mediaInfo.frameIndex);
+  // What is cut for this frame is then what is cut for the tool's own. With a right-to-left layout
+  // each SetImage mirrors the picture that both share, so that one alone would leave it mirrored.
+  bool const isOwnFrame = savedFrame == info.frameIndex && !TalHasRTLLayout();
   wxImage const savedImage = frame;
   auto const savedMacros = m_textMacros;
 
@@ -87,7 +91,7 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   m_mediaInfo.frameIndex = savedFrame;
   goToFrameOfObjects(savedFrame);
   // The frame just rendered stays the tool's picture; the host sets the one it wants next.
-  SetImage(savedImage, false);
+  if (!isOwnFrame) SetImage(savedImage, false);
   m_textMacros = savedMacros;
   UpdateTextMacrosMap({});
   return output;

@@ -143,13 +143,49 @@ TEST_F(Stills, BrokenMetadataDoesNotCostThePicture) {
 TEST_F(Stills, CutOffPicturesAreDamaged) {
   Ffmpeg("-f lavfi -i testsrc2=s=320x240 -frames:v 1 whole.png");
   wxImage const image(wxString::FromUTF8(In("whole.png")));
-  for (auto const type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP,
-                          wxBITMAP_TYPE_TIFF, wxBITMAP_TYPE_PNM}) {
+  for (auto const type :
+       {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_BMP, wxBITMAP_TYPE_TIFF, wxBITMAP_TYPE_PNM}) {
     std::string const bytes = Encoded(image, type);
     WriteAll(In("cut"), bytes.substr(0, bytes.size() / 2));
     EXPECT_EQ(ProblemOf(In("cut")), MediaProblem::Damaged) << type;
     WriteAll(In("cut"), bytes.substr(0, 20));
     EXPECT_EQ(ProblemOf(In("cut")), MediaProblem::Damaged) << type;
+  }
+}
+
+TEST_F(Stills, OfACutOffJpegTheRestIsGreyAndTheFrameIsToldDamaged) {
+  wxImage grounds(320, 240);
+  grounds.SetRGB(wxRect(0, 0, 320, 240), 200, 40, 40);
+  std::string const bytes = Encoded(grounds, wxBITMAP_TYPE_JPEG);
+  WriteAll(In("whole.jpg"), bytes);
+  EXPECT_FALSE(OpenMedia(In("whole.jpg"))->Read(0).isDamaged);
+  WriteAll(In("unended.jpg"), bytes.substr(0, bytes.size() - 2));
+  EXPECT_TRUE(OpenMedia(In("unended.jpg"))->Read(0).isDamaged);
+
+  // Colours that change from block to block: grey would be no continuation of them.
+  Ffmpeg("-f lavfi -i testsrc2=s=320x240 -frames:v 1 -q:v 2 picture.jpg");
+  std::string const picture = ReadAll(In("picture.jpg"));
+  MediaFrame const whole = OpenMedia(In("picture.jpg"))->Read(0);
+  WriteAll(In("cut.jpg"), picture.substr(0, picture.size() / 2));
+  auto const source = OpenMedia(In("cut.jpg"));
+  EXPECT_EQ(source->Info().width, 320);
+  EXPECT_EQ(source->Info().height, 240);
+  MediaFrame const cut = source->Read(0);
+  EXPECT_TRUE(cut.isDamaged);
+  // Up to the cut, which is past the first quarter of the rows, it is what it was.
+  std::size_t const top = 60 * whole.picture.RowBytes();
+  EXPECT_TRUE(BytesOf(cut.picture).substr(0, top) == BytesOf(whole.picture).substr(0, top));
+  EXPECT_EQ(BytesOf(cut.picture).substr(239 * cut.picture.RowBytes() + 3 * 300),
+            std::string(3 * 20, '\x80'));
+}
+
+TEST_F(Stills, AJpegWhosePictureDataHaveNotBegunIsDamaged) {
+  std::string const bytes = Encoded(Quarters(), wxBITMAP_TYPE_JPEG);
+  std::size_t const scan = bytes.rfind("\xFF\xDA");
+  ASSERT_NE(scan, std::string::npos);
+  for (std::size_t const length : {std::size_t{20}, scan, scan + 14}) {
+    WriteAll(In("cut.jpg"), bytes.substr(0, length));
+    EXPECT_EQ(ProblemOf(In("cut.jpg")), MediaProblem::Damaged) << length;
   }
 }
 

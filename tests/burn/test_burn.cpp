@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include "apps/burn_fixture.h"
+#include "burn/burn_fixture.h"
 
 namespace framenote::test {
 
@@ -186,12 +186,27 @@ TEST_F(Burn, AFileTooLargeToReadGivesOneAtOnce) {
   ExpectFailure(RunProgram(Usual({}, "doc.json", "large")), 1, In("large"));
 }
 
-TEST_F(Burn, AWarningOfThePicturesDecoderIsNoLineOfOurs) {
+TEST_F(Burn, ACutOffJpegIsBurntAsFarAsItGoesWithOneLineOfWarning) {
   ASSERT_TRUE(wxImage(In("in.png")).SaveFile(In("in.jpg"), wxBITMAP_TYPE_JPEG));
+  ExpectSuccess(RunProgram(Usual({}, "doc.json", "in.jpg")));
+  wxImage const whole = Result();
   std::string const bytes = ReadAll(In("in.jpg"));
   WriteAll(In("cut.jpg"), bytes.substr(0, bytes.size() / 2));
-  ExpectSuccess(RunProgram(Usual({}, "doc.json", "cut.jpg")));
-  EXPECT_EQ(Result().GetSize(), wxSize(kWidth, kHeight));
+  Outcome const outcome = RunProgram(Usual({}, "doc.json", "cut.jpg"));
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "framenote-burn: warning: '" + In("cut.jpg") + "': frame 0 is damaged\n");
+  wxImage const cut = Result();
+  ASSERT_EQ(cut.GetSize(), wxSize(kWidth, kHeight));
+  EXPECT_EQ(ColourAt(cut, 150, 3), ColourAt(whole, 150, 3));
+  EXPECT_EQ(ColourAt(cut, 50, 50), kRed);
+  EXPECT_EQ(ColourAt(cut, 150, 97), 0x808080);
+}
+
+TEST_F(Burn, AJpegCutOffBeforeItsPictureGivesOne) {
+  ASSERT_TRUE(wxImage(In("in.png")).SaveFile(In("in.jpg"), wxBITMAP_TYPE_JPEG));
+  WriteAll(In("cut.jpg"), ReadAll(In("in.jpg")).substr(0, 200));
+  ExpectFailure(RunProgram(Usual({}, "doc.json", "cut.jpg")), 1, "its end is missing");
 }
 
 TEST_F(Burn, WrongArgumentsGiveTwo) {

@@ -126,9 +126,11 @@ protected:
     return arguments;
   }
 
-  /// Runs the program; `prepare` is called in the new process before the program starts.
+  /// Runs the program; `prepare` is called in the new process before the program starts, and
+  /// `meanwhile` with the process's id while it runs.
   Outcome RunProgram(
-      Arguments arguments, std::function<void()> const &prepare = [] {}) {
+      Arguments arguments, std::function<void()> const &prepare = [] {},
+      std::function<void(pid_t)> const &meanwhile = [](pid_t) {}) {
     arguments.insert(arguments.begin(), FRAMENOTE_BURN_PROGRAM);
     std::vector<char *> pointers;
     for (std::string &argument : arguments) pointers.push_back(argument.data());
@@ -145,6 +147,7 @@ protected:
       execv(FRAMENOTE_BURN_PROGRAM, pointers.data());
       _exit(127);
     }
+    meanwhile(child);
     Outcome outcome = WaitFor(child);
     outcome.out = ReadAll(out);
     outcome.err = ReadAll(err);

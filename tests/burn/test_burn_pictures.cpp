@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "apps/burn_fixture.h"
+#include "burn/burn_fixture.h"
 #include "objects/ann_hide.h"
 #include "painters/pixel_matchers.h"
 
