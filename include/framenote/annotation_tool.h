@@ -71,6 +71,9 @@ public:
   void EnableMouse(bool enable);
   /// Hides or shows all annotations; hiding ends the selection.
   void SetObjectsVisible(bool visible);
+  /// Selects the object at a place of AnnotationObjects(), as a click does; an open editor is
+  /// closed. Nothing if there is none, or it is hidden or not present in the current frame.
+  void SelectObject(std::size_t index);
   /// Removes every object and tells the host, if there is a sink for its events (InitGui).
   void ClearAllAnnotations();
 
@@ -102,8 +105,7 @@ public:
 
   // --- For the host: modes ---
 
-  /// Makes a mode active; General and values without a mode are ignored. Leaving the text mode
-  /// commits the text that is being edited.
+  /// Makes a mode active; General and values without a mode are ignored. Ends an open editor.
   void SetActiveTool(Types mode);
   void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
   ToolModes const &GetToolModes() const;
@@ -158,9 +160,8 @@ public:
   /// Throws std::bad_alloc if there is no memory to hide a region; nothing is given out unhidden.
   wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
                             MacroPairs const &macros);
-  /// Sets the values of text macros, and replaces them in the texts of the current frame; those not
-  /// named keep theirs. To be called after FromJSON and with each new position, also without
-  /// macros: a restored text is not shown before.
+  /// Sets values of text macros, and replaces them in the texts of the current frame. To be called
+  /// after FromJSON and with each new position, also with none: a restored text is not shown before.
   void UpdateTextMacrosMap(MacroPairs const &macros);
   /// Adds `text`, as a rule the key of a macro: at the caret of the open editor, at the end of the
   /// selected text box, or in a new box at the bottom of the picture.

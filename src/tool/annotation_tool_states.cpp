@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Focus, selection, and the steps of the mouse's states that the modes share.
+#include <cstddef>
+#include <iterator>
+
 #include "framenote/annotation_events.h"
 #include "framenote/annotation_tool.h"
 #include "modes/annotation_tool_mode.h"
@@ -76,6 +79,23 @@ void AnnotationTool::changeSelectedToEnd() {
   onObjectsModified();
   changeSelectedTo(m_objects.end(), false);
   SendAnnotationFrameRangeChangedEvent();
+}
+
+void AnnotationTool::SelectObject(std::size_t index) {
+  if (!m_visible || index >= m_objects.size()) return;
+  Iterator const chosen = std::next(m_objects.begin(), static_cast<std::ptrdiff_t>(index));
+  if (chosen == m_selected || !(*chosen)->IsPresentInFrame(m_mediaInfo.frameIndex)) return;
+  bool const wasEditing = m_activeTool->IsEditing();
+  commitEditing();
+  if (wasEditing) SendAnnotationTextEditionFinishedEvent();
+  // What a gesture has done so far stays, as when the selection ends.
+  m_activeTool->DiscardDrawing();
+  onObjectsModified();
+  changeFocusedToEnd();
+  changeSelectedTo(chosen, false);
+  m_state = ToolState::Selected;
+  SendAnnotationFrameRangeChangedEvent();
+  Refresh();
 }
 
 bool AnnotationTool::hasSelection() const {

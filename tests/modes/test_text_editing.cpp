@@ -67,6 +67,28 @@ TEST_P(TextEditing, TextIsTypedSelectedAndEditedAgain) {
   EXPECT_EQ(m_driver.ObjectCount(), 1U);
 }
 
+TEST_P(TextEditing, SelectingAnotherObjectByTheHostKeepsWhatWasTyped) {
+  m_driver.DrawShape({10, 120}, {50, 160});
+  m_driver.UseTool(Types::Text);
+  DrawBox({60, 20}, {220, 100});
+  Type("Kept");
+  m_driver.Tool().SelectObject(1);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Text(), "Kept");
+  EXPECT_EQ(Finished(), 1U);
+  EXPECT_EQ(m_driver.Selected(), m_driver.Object(1));
+  EXPECT_EQ(m_driver.State(), ToolState::Selected);
+}
+
+TEST_P(TextEditing, SelectingAnotherObjectByTheHostDropsAnEmptyBox) {
+  m_driver.DrawShape({10, 120}, {50, 160});
+  m_driver.UseTool(Types::Text);
+  DrawBox({60, 20}, {220, 100});
+  m_driver.Tool().SelectObject(1);
+  EXPECT_EQ(m_driver.ObjectCount(), 1U);
+  EXPECT_EQ(m_driver.Selected(), m_driver.Object());
+}
+
 TEST_P(TextEditing, TextFollowsTheBoxThatIsMovedResizedAndTurned) {
   DrawBox({60, 20}, {220, 100});
   Type("Here");

@@ -114,6 +114,18 @@ TEST_F(Palette, SelectedObjectShowsItsTool) {
   EXPECT_EQ(ShownPanel(), nullptr);
 }
 
+TEST_F(Palette, ObjectThatTheHostSelectsShowsItsTool) {
+  Toggle(Types::Shape);
+  Drag({20, 20}, {80, 60});
+  m_tool->DeactivateToolAndControls();
+  Toggle(Types::Arrow);
+  ExpectShown(16);
+  m_tool->SelectObject(0);
+  ExpectShown(10);
+  EXPECT_TRUE(Button(Types::Shape).GetValue());
+  EXPECT_FALSE(Button(Types::Arrow).GetValue());
+}
+
 TEST_F(Palette, HideAllHidesAndShowsAndFollowsTheTool) {
   Drag({20, 20}, {80, 60});
   auto *const hide = dynamic_cast<wxToggleButton *>(Labelled("Hide All"));

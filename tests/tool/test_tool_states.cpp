@@ -147,6 +147,100 @@ TEST(ToolSelection, NewObjectGoesToTheFrontAndIsSelected) {
   EXPECT_FALSE(driver.Object(0)->IsFocused());
 }
 
+/// An arrow in front of a rectangle, on a video of ten frames; nothing is selected.
+void DrawTwo(ToolDriver &driver) {
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.DrawArrow({200, 20}, {300, 80});
+  driver.Tool().Deactivate();
+  driver.Sink().Pump();
+  driver.Sink().Clear();
+}
+
+TEST(ToolSelection, HostSelectsAnObjectByItsPlace) {
+  ToolDriver driver(10);
+  DrawTwo(driver);
+  std::string const text = driver.DocumentText();
+  driver.Tool().SelectObject(1);
+  EXPECT_EQ(driver.Selected(), driver.Object(1));
+  EXPECT_TRUE(driver.Object(1)->IsSelected());
+  EXPECT_EQ(driver.State(), ToolState::Selected);
+  EXPECT_EQ(driver.Tool().GetActiveTool()->GetModeId(), Types::Shape);
+  auto const *selected = driver.Sink().Last(wxEVT_ANN_OBJECT_SELECTED);
+  ASSERT_NE(selected, nullptr);
+  EXPECT_FALSE(selected->IsNew());
+  auto const *ranges = driver.Sink().Last(wxEVT_ANN_FRAME_RANGE_CHANGED);
+  ASSERT_NE(ranges, nullptr);
+  EXPECT_EQ(ranges->SelectedIndex(), 1);
+  EXPECT_EQ(driver.DocumentText(), text);
+}
+
+TEST(ToolSelection, HostSelectsAnotherObject) {
+  ToolDriver driver(10);
+  DrawTwo(driver);
+  driver.Tool().SelectObject(1);
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.Selected(), driver.Object(0));
+  EXPECT_FALSE(driver.Object(1)->IsSelected());
+  EXPECT_EQ(driver.Sink().Count(wxEVT_ANN_OBJECT_SELECTED), 2U);
+  EXPECT_EQ(driver.Sink().Count(wxEVT_ANN_OBJECT_DESELECTED), 0U);
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.Sink().Count(wxEVT_ANN_OBJECT_SELECTED), 2U);
+}
+
+TEST(ToolSelection, WhatTheHostSelectedCanBeDragged) {
+  ToolDriver driver(10);
+  DrawTwo(driver);
+  driver.Tool().SelectObject(1);
+  driver.Drag({45, 22}, {55, 32});
+  EXPECT_EQ(driver.ObjectAs<AnnShape>(1)->GetCoordinates().CoordsAt(0).m_topLeft,
+            wxPoint2DDouble(30, 30));
+}
+
+TEST(ToolSelection, HostCannotSelectWhatIsNotThere) {
+  ToolDriver driver(10);
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.Selected(), nullptr);
+  DrawTwo(driver);
+  driver.Tool().SelectObject(2);
+  EXPECT_EQ(driver.Selected(), nullptr);
+  driver.GoToFrame(3);  // the objects are in frame 0 alone
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.Selected(), nullptr);
+  driver.GoToFrame(0);
+  driver.Tool().SetObjectsVisible(false);
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.Selected(), nullptr);
+  EXPECT_EQ(driver.Sink().Count(wxEVT_ANN_OBJECT_SELECTED), 0U);
+  EXPECT_EQ(driver.State(), ToolState::Default);
+}
+
+TEST(ToolSelection, SelectingByTheHostEndsADragWithWhatItDid) {
+  ToolDriver driver(10);
+  DrawTwo(driver);
+  driver.Tool().SelectObject(1);
+  driver.Press(45, 22);
+  driver.Move(55, 32);
+  driver.Tool().SelectObject(0);
+  EXPECT_EQ(driver.State(), ToolState::Selected);
+  driver.Move(400, 400);
+  EXPECT_EQ(driver.ObjectAs<AnnShape>(1)->GetCoordinates().CoordsAt(0).m_topLeft,
+            wxPoint2DDouble(30, 30));
+  wxJSONValue const shape = driver.Tool().GetJSON().ItemAt("Objects").ItemAt(1);
+  EXPECT_EQ(shape.ItemAt("Coordinates").ItemAt(0).ItemAt("TopLeft").ItemAt(0).AsDouble(), 30.0);
+}
+
+TEST(ToolSelection, SelectingByTheHostDropsWhatIsBeingDrawn) {
+  ToolDriver driver(10);
+  DrawTwo(driver);
+  driver.UseTool(Types::Pencil);
+  driver.Press(10, 200);
+  for (int x = 20; x < 80; x += 10) driver.Move(x, 200);
+  driver.Tool().SelectObject(1);
+  driver.Release(80, 200);
+  EXPECT_EQ(driver.ObjectCount(), 2U);
+  EXPECT_EQ(driver.Selected(), driver.Object(1));
+}
+
 TEST(ToolSelection, NewShapeOnAVideoPostsItsEventsInOrder) {
   ToolDriver driver(10);
   driver.GoToFrame(4);
