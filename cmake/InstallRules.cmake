@@ -5,7 +5,7 @@ set(framenote_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/framenote)
 
 install(TARGETS framenote EXPORT framenoteTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev)
-foreach(program framenote-burn)
+foreach(program framenote-burn framenote_program)
   if(TARGET ${program})
     set_target_properties(${program} PROPERTIES
       INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")

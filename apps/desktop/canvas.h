@@ -60,6 +60,12 @@ public:
   /// Brings a place of the picture into the middle, as far as the bounds of panning allow.
   void CentreOn(wxPoint2DDouble const &onPicture);
 
+  /// The part of the picture that is seen, in its pixels.
+  wxRect SeenPart() const;
+
+  /// Lets go of the mouse, as if its button had been released where it is.
+  void EndGesture();
+
   // --- Handlers; at most one each ---
 
   /// Called when the pointer, the view or the picture has moved; without a value when the pointer

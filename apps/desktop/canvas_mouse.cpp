@@ -137,6 +137,20 @@ void Canvas::onCaptureLost() {
   sendToTool(released);
 }
 
+void Canvas::EndGesture() {
+  if (HasCapture()) ReleaseMouse();
+  onCaptureLost();
+}
+
+wxRect Canvas::SeenPart() const {
+  wxPoint2DDouble const from = m_view.ToPicture({0.0, 0.0});
+  wxPoint2DDouble const to = m_view.ToPicture(
+      {static_cast<double>(m_view.Window().x), static_cast<double>(m_view.Window().y)});
+  wxRect seen(wxPoint(wxRound(from.m_x), wxRound(from.m_y)),
+              wxPoint(wxRound(to.m_x), wxRound(to.m_y)));
+  return seen.Intersect(wxRect(m_view.Picture()));
+}
+
 void Canvas::showCursor(wxStockCursor cursor) {
   if (cursor == m_cursor) return;
   m_cursor = cursor;

@@ -36,7 +36,6 @@ class wxToggleButton;
 /// (UpdateMediaInfo) and the picture (SetImage), forwards mouse events (ProcessMouseEvent) and
 /// paints with it (Draw). The tool owns the objects and the modes; it has no timer and no queue,
 /// and no thread outlives the call that started it. Every call is the GUI thread's.
-///
 /// Positions are picture pixels, y downward. A point p of the picture appears on the window at
 /// (p + offset) * scale. Frames count from 0.
 class FRAMENOTE_API AnnotationTool : public wxEvtHandler,
@@ -52,10 +51,9 @@ public:
 
   // --- For the host: life and looks ---
 
-  /// Makes the palette panel on `parent`, and records the handler that receives the events; none is
-  /// raised before. `self` owns this tool; if it is null, the tool's own shared pointer is taken.
-  /// Without a parent there is no panel, and the result is null. Throws std::bad_weak_ptr if no
-  /// std::shared_ptr holds the tool and `self` is null; the tool stays usable.
+  /// Makes the palette on `parent` (without one there is none, and the result is null) and records
+  /// the handler of the events; none is raised before. `self` owns this tool; if null, the tool's
+  /// own shared pointer is taken. Throws std::bad_weak_ptr if there is none; the tool stays usable.
   AnnotationPanel *InitGui(wxWindow *parent, wxEvtHandler *sink,
                            std::shared_ptr<AnnotationTool> self);
   /// Forgets the panel. To be called before the panel is destroyed.
@@ -64,8 +62,8 @@ public:
   void Deactivate();
   /// Deactivate, for the tool and its panel.
   void DeactivateToolAndControls();
-  /// Destroys every object. With false the tool is then as newly made, but for its picture and
-  /// configuration; with true nothing else happens, and the tool is only to be destroyed.
+  /// Destroys every object. With false the tool is then new but for its picture and configuration;
+  /// with true nothing else happens, and the tool is only to be destroyed.
   void Reset(bool keepState);
   /// With false, mouse events only store position, scale and offset.
   void EnableMouse(bool enable);
@@ -74,6 +72,8 @@ public:
   /// Selects the object at a place of AnnotationObjects(), as a click does; an open editor is
   /// closed. Nothing if there is none, or it is hidden or not present in the current frame.
   void SelectObject(std::size_t index);
+  /// Moves the selected object, by picture pixels, in the current frame, as a drag does.
+  void MoveSelected(wxPoint2DInt const &delta);
   /// Removes every object and tells the host, if there is a sink for its events (InitGui).
   void ClearAllAnnotations();
 
@@ -95,10 +95,10 @@ public:
   /// on, and again as a press if the state is not Editing then.
   wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
                                   wxPoint2DDouble const &offset);
-  /// Paints the objects of the current frame, the object being drawn, and the markers. With the
-  /// graphics-context painter the drawing goes to `window`, otherwise to `dc`.
+  /// Paints the frame's objects, the one being drawn, and the markers; the graphics-context painter
+  /// on `window`, the other one on `dc`.
   void Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
-  /// Paints the selected object alone, where it is present in the current frame, and its markers.
+  /// Paints the selected object alone, where it is present, and its markers.
   void DrawOnlySelected(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
   /// Asks for a repaint of the window last painted on.
   void Refresh();
@@ -109,8 +109,7 @@ public:
   void SetActiveTool(Types mode);
   void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
   ToolModes const &GetToolModes() const;
-  /// The mode that receives the mouse. Never null.
-  std::shared_ptr<IAnnotationToolMode> const &GetActiveTool() const;
+  std::shared_ptr<IAnnotationToolMode> const &GetActiveTool() const;  ///< never null
 
   // --- For the host: frames and media ---
 
@@ -161,7 +160,8 @@ public:
   wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
                             MacroPairs const &macros);
   /// Sets values of text macros, and replaces them in the texts of the current frame. To be called
-  /// after FromJSON and with each new position, also with none: a restored text is not shown before.
+  /// after FromJSON and with each new position, also with none: a restored text is not shown
+  /// before.
   void UpdateTextMacrosMap(MacroPairs const &macros);
   /// Adds `text`, as a rule the key of a macro: at the caret of the open editor, at the end of the
   /// selected text box, or in a new box at the bottom of the picture.
@@ -172,7 +172,7 @@ public:
   /// Opens the menu for the selected object at the pointer, on the window last painted on; with
   /// `onObject` false or nothing selected, one with "Paste" alone. Returns when it is closed.
   void popupRightClickMenu(bool onObject);
-  /// The same for what lies under the pointer; an object there that has the focus is selected.
+  /// The same for what lies under the pointer; a focused object there is selected.
   void popupRightClickMenuOnSelected();
   /// For the keys that open a menu, a wxContextMenuEvent without a position: the menu opens beside
   /// the selected object, or with "Paste" alone in the middle. Nothing while a text is edited.

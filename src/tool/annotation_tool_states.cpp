@@ -98,6 +98,15 @@ void AnnotationTool::SelectObject(std::size_t index) {
   Refresh();
 }
 
+void AnnotationTool::MoveSelected(wxPoint2DInt const &delta) {
+  bool const isAtRest = m_state == ToolState::Selected || m_state == ToolState::AtResizePoint ||
+                        m_state == ToolState::AtRotationPoint;
+  if (!hasSelection() || !isAtRest) return;
+  (*m_selected)->MoveFor(delta);
+  onObjectsModified();
+  Refresh();
+}
+
 bool AnnotationTool::hasSelection() const {
   return m_selected != m_objects.end();
 }

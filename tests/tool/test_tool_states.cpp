@@ -508,6 +508,22 @@ TEST_F(ToolMouseOnVideo, ObjectThatEndedUnderThePointerIsNotSelected) {
   EXPECT_EQ(m_driver.State(), ToolState::Default);
 }
 
+TEST(ToolStates, MoveSelectedMovesInThisFrameAndTellsTheDocument) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 30}, {60, 70});
+  std::string const before = driver.DocumentText();
+  driver.Tool().MoveSelected({-10, 1});
+  auto const corner = [&] {
+    return driver.ObjectAs<AnnShape>()->GetCoordinates().Coords().m_topLeft;
+  };
+  EXPECT_EQ(corner(), wxPoint2DDouble(10.0, 31.0));
+  EXPECT_NE(driver.DocumentText(), before);
+  EXPECT_EQ(driver.State(), ToolState::Selected);
+  driver.Tool().Deactivate();
+  driver.Tool().MoveSelected({5, 5});
+  EXPECT_EQ(corner(), wxPoint2DDouble(10.0, 31.0));
+}
+
 }  // namespace
 
 }  // namespace framenote::test

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// framenote: the desktop host.
+#include <string>
+
+#include <wx/app.h>
+#include <wx/cmdline.h>
+#include <wx/config.h>
+#include <wx/fileconf.h>
+#include <wx/image.h>
+#include <wx/intl.h>
+#include <wx/stdpaths.h>
+#include <wx/uilocale.h>
+
+#include "desktop/main_frame.h"
+#include "project/recovery_store.h"
+#include "talbase/layout_direction.h"
+
+namespace {
+
+class DesktopApp : public wxApp {
+public:
+  bool OnInit() override {
+    SetAppName("framenote");
+    SetAppDisplayName("Framenote");
+    wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    wxUILocale::UseDefault();
+    // Pictures are shown as they are in every language.
+    TalSetLayoutDirection(wxLayout_LeftToRight);
+    wxInitAllImageHandlers();
+    wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
+    if (!wxApp::OnInit()) return false;
+    auto *const frame = new MainFrame(RecoveryFolder());  // owned by itself
+    frame->Show();
+    std::string const path = m_path;
+    std::string const document = m_document;
+    // When the window is there, since both may ask.
+    frame->CallAfter([frame, path, document] {
+      frame->OfferRecovery();
+      if (!path.empty()) frame->OpenPath(path, document);
+    });
+    return true;
+  }
+
+  void OnInitCmdLine(wxCmdLineParser &parser) override {
+    wxApp::OnInitCmdLine(parser);
+    parser.AddSwitch(wxString(), "version", _("show the version"));
+    parser.AddOption(wxString(), "document", _("show the annotations of this document on it"));
+    parser.AddParam(_("picture, video or project"), wxCMD_LINE_VAL_STRING,
+                    wxCMD_LINE_PARAM_OPTIONAL);
+  }
+
+  bool OnCmdLineParsed(wxCmdLineParser &parser) override {
+    if (parser.Found("version")) {
+      wxPuts("framenote " FRAMENOTE_VERSION);
+      return false;
+    }
+    wxString document;
+    if (parser.Found("document", &document)) m_document = std::string(document.fn_str());
+    if (parser.GetParamCount() > 0) m_path = std::string(parser.GetParam(0).fn_str());
+    return wxApp::OnCmdLineParsed(parser);
+  }
+
+private:
+  std::string m_path;
+  std::string m_document;
+};
+
+}  // namespace
+
+wxIMPLEMENT_APP(DesktopApp);

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+// The window of the desktop host, used with the mouse and the keys of the X server.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <wx/fileconf.h>
+#include <wx/filedlg.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+
+#include <gtest/gtest.h>
+
+#include "desktop/main_frame.h"
+#include "desktop/window_fixture.h"
+#include "project/project_file.h"
+#include "project/recovery_store.h"
+
+namespace framenote::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Answers every dialog: files by a path, questions by a button. Keeps what was said.
+class Answers : public wxModalDialogHook {
+public:
+  Answers() { Register(); }
+  ~Answers() override { Unregister(); }
+
+  std::string path;
+  int button = wxID_CANCEL;
+  std::vector<std::string> messages;
+
+private:
+  int Enter(wxDialog *dialog) override {
+    if (auto *const files = dynamic_cast<wxFileDialog *>(dialog)) return choose(*files);
+    if (auto *const message = dynamic_cast<wxMessageDialog *>(dialog)) {
+      messages.push_back(message->GetMessage().utf8_string());
+    }
+    return button;
+  }
+  int choose(wxFileDialog &files) {
+    files.SetPath(wxString::FromUTF8(path));
+    files.Show();
+    // The toolkit reads the folder in the background.
+    for (int i = 0; i < 400 && files.GetPath() != wxString::FromUTF8(path); ++i) {
+      wxYield();
+      wxMilliSleep(5);
+    }
+    files.Hide();
+    return wxID_OK;
+  }
+};
+
+template <class Window>
+Window *FindChild(wxWindow &parent) {
+  for (wxWindow *const child : parent.GetChildren()) {
+    if (auto *const found = dynamic_cast<Window *>(child)) return found;
+    if (auto *const found = FindChild<Window>(*child)) return found;
+  }
+  return nullptr;
+}
+
+class MainFrameTest : public testing::Test {
+protected:
+  void SetUp() override {
+    std::string folder = (fs::temp_directory_path() / "framenote-desktop-XXXXXX").string();
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    m_folder = folder;
+    wxConfigBase::Set(new wxFileConfig("", "", In("config")));  // owned by wxConfigBase
+    std::string const command =
+        "ffmpeg -v error -nostdin -f lavfi -i testsrc2=size=160x120:rate=25:duration=1.2 "
+        "-c:v ffv1 " +
+        In("clip.mkv");
+    ASSERT_EQ(std::system(command.c_str()), 0);
+  }
+  void TearDown() override {
+    if (m_frame) Destroy();
+    delete wxConfigBase::Set(nullptr);
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+  }
+
+  std::string In(std::string const &name) const { return (m_folder / name).string(); }
+
+  void Start() {
+    m_frame = new MainFrame(In("recovery"));  // destroyed by the test
+    m_frame->Show();
+    m_canvas = FindChild<Canvas>(*m_frame);
+    ASSERT_NE(m_canvas, nullptr);
+    Settle([this] { return m_canvas->HasFocus(); });
+  }
+  void OpenClip() {
+    m_frame->OpenPath(In("clip.mkv"));
+    m_canvas->ZoomTo(2.0);
+    Settle();
+  }
+  /// As when the program is killed: nothing is asked, nothing is saved.
+  void Destroy() {
+    m_frame->Destroy();
+    m_frame = nullptr;
+    Settle();
+  }
+
+  static void Settle() {
+    for (int i = 0; i < 10; ++i) {
+      wxYield();
+      wxTheApp->ProcessPendingEvents();
+      wxMilliSleep(5);
+    }
+  }
+  template <class Condition>
+  static bool Settle(Condition const &isReached) {
+    for (int i = 0; i < 100 && !isReached(); ++i) Settle();
+    return isReached();
+  }
+
+  void Key(int key, int modifiers = wxMOD_NONE) {
+    m_mouse.Char(key, modifiers);
+    Settle();
+  }
+  /// From one place of the picture to another.
+  void Drag(wxPoint const &from, wxPoint const &to) {
+    MoveTo(from);
+    m_mouse.MouseDown();
+    Settle();
+    MoveTo((from + to) / 2);
+    MoveTo(to);
+    m_mouse.MouseUp();
+    Settle();
+  }
+  void MoveTo(wxPoint const &pixel) {
+    wxPoint2DDouble const at = m_canvas->View().ToWindow({double(pixel.x), double(pixel.y)});
+    m_mouse.MouseMove(m_canvas->ClientToScreen(wxPoint(wxRound(at.m_x), wxRound(at.m_y))));
+    Settle();
+  }
+  std::string Title() const { return m_frame->GetTitle().utf8_string(); }
+  /// The objects of the project as it is saved with the keyboard.
+  wxJSONValue Saved(std::string const &name) {
+    m_answers.path = In(name);
+    Key('S', wxMOD_CONTROL);
+    Settle([&] { return fs::exists(In(name)) && Title()[0] != '*'; });
+    return ReadProject(In(name)).document.ItemAt("Annotate").ItemAt("Objects");
+  }
+
+  fs::path m_folder;
+  Answers m_answers;
+  MainFrame *m_frame = nullptr;
+  Canvas *m_canvas = nullptr;
+  wxUIActionSimulator m_mouse;
+};
+
+TEST_F(MainFrameTest, WorkIsDoneUndoneRedoneSavedAndOpenedAgain) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  EXPECT_EQ(Title(), "clip.mkv - Framenote");
+  Key('H');
+  Drag({20, 20}, {60, 60});
+  EXPECT_EQ(Title(), "*clip.mkv - Framenote");
+  for (int i = 0; i < 10; ++i) Key('.');
+  Key(WXK_ESCAPE);
+  Key('S');
+  Drag({80, 20}, {140, 80});
+  Key(WXK_ESCAPE);
+  EXPECT_EQ(Saved("work.framenote").Size(), 2);
+  EXPECT_EQ(Title(), "work.framenote - Framenote");
+  Key('Z', wxMOD_CONTROL);
+  EXPECT_EQ(Title(), "*work.framenote - Framenote");
+  Key('Y', wxMOD_CONTROL);
+  EXPECT_EQ(Title(), "work.framenote - Framenote");
+  Key('Z', wxMOD_CONTROL);
+  wxJSONValue const objects = Saved("work.framenote");
+  ASSERT_EQ(objects.Size(), 1);
+  wxJSONValue const region = objects.ItemAt(0);
+  EXPECT_EQ(region.ItemAt("Id").AsInt(), 7);
+  EXPECT_EQ(region.ItemAt("Rectangle").ItemAt("StartFrame").AsInt(), 0);
+  EXPECT_EQ(region.ItemAt("Rectangle").ItemAt("EndFrame").AsInt(), 10);
+  Destroy();
+  ASSERT_NO_FATAL_FAILURE(Start());
+  m_frame->OpenPath(In("work.framenote"));
+  Settle();
+  EXPECT_EQ(Title(), "work.framenote - Framenote");
+  EXPECT_TRUE(Saved("work.framenote").IsSameAs(objects));
+}
+
+TEST_F(MainFrameTest, ArrowKeysMoveTheSelectedObject) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key(WXK_RIGHT);
+  Key(WXK_DOWN, wxMOD_SHIFT);
+  wxJSONValue const run = Saved("work.framenote").ItemAt(0).ItemAt("Coordinates").ItemAt(0);
+  EXPECT_EQ(run.ItemAt("TopLeft").ItemAt(0).AsInt(), 41);
+  EXPECT_EQ(run.ItemAt("TopLeft").ItemAt(1).AsInt(), 40);
+}
+
+TEST_F(MainFrameTest, ClosingAsksAndCancelStays) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  m_answers.button = wxID_CANCEL;
+  m_frame->Close();
+  Settle();
+  EXPECT_EQ(m_answers.messages, std::vector<std::string>{"Do you want to save your changes?"});
+  EXPECT_EQ(Title(), "*clip.mkv - Framenote");
+  m_answers.button = wxID_NO;
+  m_frame->Close();
+  m_frame = nullptr;
+  Settle();
+  EXPECT_TRUE(FindOrphans(In("recovery")).empty());
+}
+
+TEST_F(MainFrameTest, WhatWasNotSavedIsOfferedAtTheNextStart) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Destroy();
+  ASSERT_EQ(FindOrphans(In("recovery")).size(), 1U);
+  ASSERT_NO_FATAL_FAILURE(Start());
+  m_answers.button = wxID_YES;
+  m_frame->OfferRecovery();
+  Settle();
+  EXPECT_EQ(Title(), "*clip.mkv - Framenote");
+  EXPECT_EQ(Saved("back.framenote").Size(), 1);
+  Destroy();
+  EXPECT_TRUE(FindOrphans(In("recovery")).empty());
+}
+
+TEST_F(MainFrameTest, FilesThatCannotBeOpenedAreNamedAndWhatIsOpenStays) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  std::ofstream(In("empty.mp4"));
+  std::ofstream(In("noise.png")) << "no picture";
+  std::ofstream(In("future.framenote"))
+      << R"({"format":"framenote project","formatVersion":99,"Annotate":{}})";
+  std::ofstream(In("lost.framenote"))
+      << R"({"format":"framenote project","formatVersion":1,"media":{"path":"gone.mp4"},)"
+      << R"("Annotate":{}})";
+  std::system(("ffmpeg -v error -nostdin -f lavfi -i sine=duration=1 " + In("sound.wav")).c_str());
+  for (char const *name :
+       {"empty.mp4", "noise.png", "sound.wav", "missing.mp4", "future.framenote"}) {
+    m_answers.messages.clear();
+    m_frame->OpenPath(In(name));
+    Settle();
+    ASSERT_EQ(m_answers.messages.size(), 1U) << name;
+    EXPECT_NE(m_answers.messages[0].find(name), std::string::npos) << m_answers.messages[0];
+    EXPECT_EQ(Title(), "clip.mkv - Framenote") << name;
+  }
+  // A project whose media is gone asks where it is.
+  m_answers.messages.clear();
+  m_answers.button = wxNO;
+  m_frame->OpenPath(In("lost.framenote"));
+  ASSERT_EQ(m_answers.messages.size(), 1U);
+  EXPECT_NE(m_answers.messages[0].find("gone.mp4"), std::string::npos);
+  EXPECT_EQ(Title(), "clip.mkv - Framenote");
+}
+
+TEST_F(MainFrameTest, AFileThatGoesAwayWhileItIsOpenIsToldAndNothingIsLost) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  fs::rename(In("clip.mkv"), In("elsewhere.mkv"));
+  Key(WXK_END);
+  Key(WXK_HOME);
+  EXPECT_EQ(Saved("work.framenote").Size(), 1);
+}
+
+}  // namespace
+
+}  // namespace framenote::test
