@@ -53,6 +53,7 @@ private:
 
 MainFrame::MainFrame(std::string const &recoveryFolder)
     : wxFrame(nullptr, wxID_ANY, "Framenote"),
+      m_recoveryFolder(recoveryFolder),
       m_tool(std::make_shared<AnnotationTool>(
           AnnotationToolConfig(false, false, true, true, true, OfferedMacros()))),
       m_playback([this](std::int64_t frame) { showFrame(frame, true); }, [this] { pause(); }),

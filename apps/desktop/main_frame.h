@@ -172,6 +172,7 @@ private:
   bool isTyping(int key) const;
   void onClose(wxCloseEvent &event);
 
+  std::string m_recoveryFolder;
   std::shared_ptr<AnnotationTool> m_tool;
   std::unique_ptr<Session> m_session;
   // The windows are owned by this one.

@@ -232,8 +232,7 @@ bool MainFrame::mayLeave() {
 }
 
 void MainFrame::OfferRecovery() {
-  std::string const folder = RecoveryFolder();
-  for (RecoveryOrphan const &orphan : FindOrphans(folder)) {
+  for (RecoveryOrphan const &orphan : FindOrphans(m_recoveryFolder)) {
     wxString const name =
         TextOfPath(orphan.projectPath.empty() ? orphan.mediaPath : orphan.projectPath);
     wxString const time = wxDateTime(static_cast<time_t>(orphan.time)).Format("%c");
@@ -253,7 +252,7 @@ void MainFrame::OfferRecovery() {
       wxMessageBox(ProjectErrorText(error), "Framenote", wxOK | wxICON_ERROR, this);
     }
   }
-  SweepRecovery(folder);
+  SweepRecovery(m_recoveryFolder);
 }
 
 std::vector<wxString> MainFrame::warningsFor(FrameRange const &range) const {

@@ -40,6 +40,7 @@ private:
     if (auto *const files = dynamic_cast<wxFileDialog *>(dialog)) return choose(*files);
     if (auto *const message = dynamic_cast<wxMessageDialog *>(dialog)) {
       messages.push_back(message->GetMessage().utf8_string());
+      if ((message->GetMessageDialogStyle() & wxYES_NO) == 0) return wxID_OK;
     }
     return button;
   }
@@ -255,7 +256,7 @@ TEST_F(MainFrameTest, FilesThatCannotBeOpenedAreNamedAndWhatIsOpenStays) {
   }
   // A project whose media is gone asks where it is.
   m_answers.messages.clear();
-  m_answers.button = wxNO;
+  m_answers.button = wxID_NO;
   m_frame->OpenPath(In("lost.framenote"));
   ASSERT_EQ(m_answers.messages.size(), 1U);
   EXPECT_NE(m_answers.messages[0].find("gone.mp4"), std::string::npos);
