@@ -10,6 +10,10 @@
 #include <string>
 #include <vector>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include "burn/burn.h"
 #include "burn/burn_options.h"
 #include "burn/displayless.h"
@@ -45,6 +49,17 @@ void StopOnSignals() {
   // which is reported and cleaned up after.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+}
+
+/// Each frame takes pictures of some megabytes and gives them back. The C library would return them
+/// to the system each time, which then clears them anew: 30 ms a frame of 1920 x 1080, measured.
+void KeepFreedMemory() {
+#ifdef __GLIBC__
+  constexpr int kLargestInHeap = 32 << 20;  // the most that is taken
+  constexpr int kMostKept = 256 << 20;
+  mallopt(M_MMAP_THRESHOLD, kLargestInHeap);
+  mallopt(M_TRIM_THRESHOLD, kMostKept);
+#endif
 }
 
 /// Exactly one line, whatever the names in the message hold.
@@ -88,6 +103,7 @@ ExitCode CodeOf(MediaError const &error, BurnOptions const &options) {
 }
 
 int Run(BurnOptions const &options) {
+  KeepFreedMemory();
   DisplaylessSession const session;
   if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
   ProgressOutput output(options.progress);
