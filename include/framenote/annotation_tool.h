@@ -160,8 +160,7 @@ public:
   wxImage GetAnnotatedFrame(wxImage const &frame, AnnotationMediaInfo const &info,
                             MacroPairs const &macros);
   /// Sets values of text macros, and replaces them in the texts of the current frame. To be called
-  /// after FromJSON and with each new position, also with none: a restored text is not shown
-  /// before.
+  /// after FromJSON and with each new position, also with none: restored texts show only then.
   void UpdateTextMacrosMap(MacroPairs const &macros);
   /// Adds `text`, as a rule the key of a macro: at the caret of the open editor, at the end of the
   /// selected text box, or in a new box at the bottom of the picture.

@@ -152,10 +152,6 @@ wxJSONValue::~wxJSONValue() {
   release();
 }
 
-bool wxJSONValue::hasNode() const noexcept {
-  return m_type >= wxJSONTYPE_STRING;
-}
-
 void wxJSONValue::release() noexcept {
   if (!hasNode()) return;
   if (m_node->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) DeleteNode(m_type, m_node);

@@ -122,7 +122,7 @@ private:
   friend struct framenote::JsonAccess;
 
   explicit wxJSONValue(wxJSONType type, framenote::JsonNode *node) noexcept;
-  bool hasNode() const noexcept;
+  bool hasNode() const noexcept { return m_type >= wxJSONTYPE_STRING; }
   void release() noexcept;
   void copyFrom(wxJSONValue const &other);
 
