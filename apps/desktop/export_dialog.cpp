@@ -117,9 +117,10 @@ void ExportDialog::makeFrames(wxFlexGridSizer &grid) {
   wxString const everything =
       wxString::Format(wxGetTranslation("&Everything (0 to %s)"), NumberText(last));
   wxString const range = wxGetTranslation("&Range from");
-  m_everything = new wxRadioButton(this, wxID_ANY, everything);  // owned by the dialog
-  m_someFrames = new wxRadioButton(this, wxID_ANY, range);       // owned by the dialog
-  m_first = new wxTextCtrl(this, wxID_ANY, "0");                 // owned by the dialog
+  m_everything = new wxRadioButton;  // owned by the dialog
+  m_everything->Create(this, wxID_ANY, everything, wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
+  m_someFrames = new wxRadioButton(this, wxID_ANY, range);  // owned by the dialog
+  m_first = new wxTextCtrl(this, wxID_ANY, "0");            // owned by the dialog
   wxString const toText = wxGetTranslation("to");
   auto *const to = new wxStaticText(this, wxID_ANY, toText);   // owned by the dialog
   m_last = new wxTextCtrl(this, wxID_ANY, NumberText(last));   // owned by the dialog
