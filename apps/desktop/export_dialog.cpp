@@ -19,19 +19,19 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "desktop/labelled_row.h"
+#include "desktop/dialog_parts.h"
 #include "media/media_source.h"
 #include "panel/accessible_name.h"
 #include "project/time_code.h"
 
 namespace {
 
-// Sizes in device-independent pixels.
-constexpr int kGap = 6;
-constexpr int kPathWidth = 380;
-constexpr int kPositionWidth = 110;
-constexpr int kListHeight = 96;
-constexpr int kTextWidth = 420;
+constexpr int kGap = 6;  ///< device-independent pixels
+// Widths in characters, heights in lines.
+constexpr int kPathWidth = 48;
+constexpr int kPositionWidth = 13;
+constexpr int kTextWidth = 54;
+constexpr int kListHeight = 7;
 
 constexpr int kTypingPause = 300;  ///< milliseconds, before a typed range is looked at
 constexpr int kBestQuality = 0;
@@ -117,9 +117,10 @@ void ExportDialog::makeFrames(wxFlexGridSizer &grid) {
   wxString const everything =
       wxString::Format(wxGetTranslation("&Everything (0 to %s)"), NumberText(last));
   wxString const range = wxGetTranslation("&Range from");
-  m_everything = new wxRadioButton(this, wxID_ANY, everything);  // owned by the dialog
-  m_someFrames = new wxRadioButton(this, wxID_ANY, range);       // owned by the dialog
-  m_first = new wxTextCtrl(this, wxID_ANY, "0");                 // owned by the dialog
+  m_everything = new wxRadioButton;  // owned by the dialog
+  m_everything->Create(this, wxID_ANY, everything, wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
+  m_someFrames = new wxRadioButton(this, wxID_ANY, range);  // owned by the dialog
+  m_first = new wxTextCtrl(this, wxID_ANY, "0");            // owned by the dialog
   wxString const toText = wxGetTranslation("to");
   auto *const to = new wxStaticText(this, wxID_ANY, toText);   // owned by the dialog
   m_last = new wxTextCtrl(this, wxID_ANY, NumberText(last));   // owned by the dialog
@@ -129,7 +130,7 @@ void ExportDialog::makeFrames(wxFlexGridSizer &grid) {
   m_first->SetName("first");
   m_last->SetName("last");
   for (wxTextCtrl *const field : {m_first, m_last}) {
-    field->SetMinSize(FromDIP(wxSize(kPositionWidth, -1)));
+    SizeField(*field, kPositionWidth);
     field->SetToolTip(wxGetTranslation("A frame number, or a time such as 1:02.5"));
   }
   framenote::NameForScreenReaders(*m_first, wxGetTranslation("First frame or time"));
@@ -200,7 +201,7 @@ void ExportDialog::makePath(wxFlexGridSizer &grid) {
   wxString const label = wxGetTranslation("Save &in:");
   m_path = new wxTextCtrl(this, wxID_ANY);  // owned by the dialog
   m_path->SetName("path");
-  m_path->SetMinSize(FromDIP(wxSize(kPathWidth, -1)));
+  SizeField(*m_path, kPathWidth);
   framenote::NameForScreenReaders(*m_path, NameOfLabel(label));
   auto *const browseButton = new wxButton(this, wxID_ANY);  // owned by the dialog
   browseButton->SetLabel(wxGetTranslation("&Browse..."));
@@ -213,7 +214,7 @@ void ExportDialog::makePath(wxFlexGridSizer &grid) {
 
 void ExportDialog::makeWarnings(wxBoxSizer &sizer) {
   m_warningsLabel = new wxStaticText(this, wxID_ANY, "");  // owned by the dialog
-  wxSize const size = FromDIP(wxSize(kPathWidth, kListHeight));
+  wxSize const size(WidthOfText(*this, kPathWidth), kListHeight * GetCharHeight());
   m_warningsList = new wxListBox;  // owned by the dialog
   m_warningsList->Create(this, wxID_ANY, wxDefaultPosition, size, 0, nullptr,
                          wxLB_SINGLE | wxLB_HSCROLL);
@@ -384,7 +385,7 @@ void ExportDialog::showRangeProblem() {
                             NumberText(m_source.Info().frameCount - 1));
   }
   m_rangeProblem->SetLabel(text);
-  m_rangeProblem->Wrap(FromDIP(kTextWidth));
+  m_rangeProblem->Wrap(WidthOfText(*this, kTextWidth));
   m_rangeProblem->Show(isWrong);
   framenote::NameForScreenReaders(*m_first, wxGetTranslation("First frame or time") + ". " + text);
   fit();

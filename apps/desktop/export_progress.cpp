@@ -14,11 +14,12 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "desktop/dialog_parts.h"
 #include "panel/accessible_name.h"
 
 namespace {
 
-constexpr int kWidth = 420;  ///< device-independent pixels
+constexpr int kWidth = 56;  ///< characters
 constexpr int kSteps = 1000;
 /// Milliseconds between looks at events: often enough for a button to feel alive, and seldom enough
 /// to cost nothing beside small frames.
@@ -61,16 +62,16 @@ ExportProgress::ExportProgress(wxWindow *parent, wxString const &name)
 }
 
 void ExportProgress::makeControls(wxString const &name) {
+  int const width = WidthOfText(*this, kWidth);
   auto *const what = new wxStaticText(this, wxID_ANY, "");  // owned by the dialog
-  what->SetLabelText(
-      wxControl::Ellipsize(name, wxClientDC(this), wxELLIPSIZE_MIDDLE, FromDIP(kWidth)));
+  what->SetLabelText(wxControl::Ellipsize(name, wxClientDC(this), wxELLIPSIZE_MIDDLE, width));
   what->SetToolTip(name);
   m_frames =
       new wxStaticText(this, wxID_ANY, wxGetTranslation("Preparing..."));  // owned by the dialog
   m_pace = new wxStaticText(this, wxID_ANY, "");                           // owned by the dialog
   m_gauge = new wxGauge(this, wxID_ANY, kSteps);                           // owned by the dialog
   m_cancel = new wxButton(this, wxID_CANCEL);                              // owned by the dialog
-  m_gauge->SetMinSize(FromDIP(wxSize(kWidth, -1)));
+  m_gauge->SetMinSize({width, -1});
   framenote::NameForScreenReaders(*m_gauge, wxGetTranslation("Progress"));
   auto *const sizer = new wxBoxSizer(wxVERTICAL);  // owned by the dialog
   wxSizerFlags const row = wxSizerFlags().Expand().DoubleBorder(wxALL & ~wxBOTTOM);

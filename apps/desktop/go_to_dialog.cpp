@@ -9,17 +9,17 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "desktop/labelled_row.h"
+#include "desktop/dialog_parts.h"
 #include "media/media_source.h"
 #include "panel/accessible_name.h"
 #include "project/time_code.h"
 
 namespace {
 
-// Sizes in device-independent pixels.
-constexpr int kFieldWidth = 160;
-constexpr int kTextWidth = 340;
-constexpr int kGap = 6;
+constexpr int kGap = 6;  ///< device-independent pixels
+// Widths in characters.
+constexpr int kFieldWidth = 20;
+constexpr int kTextWidth = 44;
 
 constexpr int kRateDecimals = 3;
 
@@ -59,7 +59,7 @@ GoToDialog::GoToDialog(wxWindow *parent, MediaSource const &source, std::int64_t
     : wxDialog(parent, wxID_ANY, wxGetTranslation("Go To")), m_source(source), m_frame(frame) {
   m_position = new wxTextCtrl(this, wxID_ANY, NumberText(frame));  // owned by the dialog
   m_position->SetName("position");
-  m_position->SetMinSize(FromDIP(wxSize(kFieldWidth, -1)));
+  SizeField(*m_position, kFieldWidth);
   m_problem = new wxStaticText(this, wxID_ANY, "");  // owned by the dialog
   m_problem->SetName("problem");
   m_problem->SetForegroundColour(WarningTextColour());
@@ -109,7 +109,7 @@ wxString GoToDialog::problemText() const {
 void GoToDialog::showProblem(wxString const &text) {
   if (text == m_problem->GetLabel() && text.empty()) return;
   m_problem->SetLabel(text);
-  m_problem->Wrap(FromDIP(kTextWidth));
+  m_problem->Wrap(WidthOfText(*this, kTextWidth));
   m_problem->Show(!text.empty());
   wxString const name = NameOfLabel(PositionLabel());
   framenote::NameForScreenReaders(*m_position, text.empty() ? name : name + ". " + text);

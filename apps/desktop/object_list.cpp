@@ -15,6 +15,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include "desktop/dialog_parts.h"
 #include "desktop/theme.h"
 #include "objects/ann_text.h"
 #include "objects/annotation_object.h"
@@ -22,12 +23,12 @@
 
 namespace {
 
-// Sizes in device-independent pixels.
-constexpr int kNameWidth = 170;
-constexpr int kKindWidth = 80;
-constexpr int kFramesWidth = 110;
-constexpr int kHeight = 120;
-constexpr int kSwatch = 12;
+constexpr int kSwatch = 12;  ///< device-independent pixels
+// Widths in characters, heights in lines.
+constexpr int kNameWidth = 22;
+constexpr int kKindWidth = 10;
+constexpr int kFramesWidth = 13;
+constexpr int kHeight = 8;
 
 /// Of a text, as its object's name.
 constexpr std::size_t kNameLength = 40;
@@ -170,7 +171,8 @@ private:
 };
 
 ObjectList::ObjectList(wxWindow *parent, wxWindowID id) : wxPanel(parent, id) {
-  wxSize const size = FromDIP(wxSize(kNameWidth + kKindWidth + kFramesWidth, kHeight));
+  wxSize const size(WidthOfText(*this, kNameWidth + kKindWidth + kFramesWidth),
+                    kHeight * GetCharHeight());
   m_table = new wxDataViewCtrl;  // owned by the panel
   m_table->Create(this, wxID_ANY, wxDefaultPosition, size, wxDV_SINGLE | wxBORDER_NONE);
   m_model.reset(new Model(*this));  // owned by the pointer, which counts
@@ -192,11 +194,13 @@ ObjectList::~ObjectList() = default;
 
 void ObjectList::addColumns() {
   m_table->AppendIconTextColumn(wxGetTranslation("Name"), kName, wxDATAVIEW_CELL_INERT,
-                                FromDIP(kNameWidth), wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
+                                WidthOfText(*this, kNameWidth), wxALIGN_LEFT,
+                                wxDATAVIEW_COL_RESIZABLE);
   m_table->AppendTextColumn(wxGetTranslation("Kind"), kKind, wxDATAVIEW_CELL_INERT,
-                            FromDIP(kKindWidth), wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
+                            WidthOfText(*this, kKindWidth), wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
   m_table->AppendTextColumn(wxGetTranslation("Frames"), kFrames, wxDATAVIEW_CELL_INERT,
-                            FromDIP(kFramesWidth), wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
+                            WidthOfText(*this, kFramesWidth), wxALIGN_LEFT,
+                            wxDATAVIEW_COL_RESIZABLE);
 }
 
 void ObjectList::SetObjects(AnnotationTool::ObjectList const &objects) {

@@ -8,15 +8,17 @@
 #include <wx/intl.h>
 #include <wx/sizer.h>
 
+#include "desktop/dialog_parts.h"
 #include "panel/accessible_name.h"
 
 namespace {
 
-// Sizes in device-independent pixels.
-constexpr int kCellPadding = 24;
-constexpr int kWidest = 420;  ///< of a column; longer texts are read by widening it
-constexpr int kHeight = 460;
-constexpr int kNarrowest = 360;
+constexpr int kCellPadding = 24;  ///< device-independent pixels
+// Widths in characters, heights in lines.
+constexpr int kWidest = 60;  ///< of a column; longer texts are read by widening it
+constexpr int kNarrowest = 44;
+constexpr int kHeight = 30;
+constexpr int kLowest = 12;
 
 void AddColumn(wxDataViewListCtrl &table, wxString const &title, int width) {
   table.AppendTextColumn(title, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
@@ -30,7 +32,7 @@ int WidthOf(wxWindow const &table, wxString const &title, std::vector<Shortcut> 
   for (Shortcut const &shortcut : shortcuts) {
     widest = std::max(widest, table.GetTextExtent(shortcut.*column).x);
   }
-  return std::min(widest + table.FromDIP(kCellPadding), table.FromDIP(kWidest));
+  return std::min(widest + table.FromDIP(kCellPadding), WidthOfText(table, kWidest));
 }
 
 wxDataViewListCtrl *MakeTable(wxWindow *parent, std::vector<Shortcut> const &shortcuts) {
@@ -55,7 +57,8 @@ wxDataViewListCtrl *MakeTable(wxWindow *parent, std::vector<Shortcut> const &sho
     last = shortcut.group;
   }
   int const width = widths[0] + widths[1] + widths[2] + table->FromDIP(kCellPadding);
-  table->SetMinSize({std::max(width, table->FromDIP(kNarrowest)), table->FromDIP(kHeight)});
+  int const narrowest = WidthOfText(*table, kNarrowest);
+  table->SetMinSize({std::max(width, narrowest), kHeight * table->GetCharHeight()});
   framenote::NameForScreenReaders(*table, wxGetTranslation("Keyboard shortcuts"));
   return table;
 }
@@ -71,7 +74,7 @@ ShortcutsDialog::ShortcutsDialog(wxWindow *parent, std::vector<Shortcut> const &
   sizer->Add(CreateStdDialogButtonSizer(wxCLOSE),
              wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
   SetSizerAndFit(sizer);
-  SetMinSize(FromDIP(wxSize(kNarrowest, kNarrowest / 2)));
+  SetMinSize({WidthOfText(*this, kNarrowest), kLowest * GetCharHeight()});
   SetEscapeId(wxID_CLOSE);
   if (!shortcuts.empty()) {
     table->SelectRow(0);

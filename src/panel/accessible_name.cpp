@@ -6,6 +6,8 @@
 #ifdef __WXGTK__
 #include <dlfcn.h>
 
+#include <cstddef>
+
 #include <wx/checkbox.h>
 #include <wx/control.h>
 #include <wx/tglbtn.h>
@@ -16,15 +18,20 @@ namespace framenote {
 #ifdef __WXGTK__
 namespace {
 
-/// The two functions of GTK and its accessibility library that set a name. They are looked up in
-/// what wxWidgets has loaded: their headers are not among those that it needs.
+/// A function of what wxWidgets has loaded; null if it is not there.
+template <class Function>
+Function Find(char const *name) {
+  return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name));
+}
+
+/// The functions of GTK and its accessibility library that set a name. They are looked up, as their
+/// headers are not among those that wxWidgets needs.
 struct Names {
   using AccessibleOf = void *(*)(void *widget);
   using SetName = void (*)(void *accessible, char const *name);
 
-  AccessibleOf accessibleOf =
-      reinterpret_cast<AccessibleOf>(dlsym(RTLD_DEFAULT, "gtk_widget_get_accessible"));
-  SetName setName = reinterpret_cast<SetName>(dlsym(RTLD_DEFAULT, "atk_object_set_name"));
+  AccessibleOf accessibleOf = Find<AccessibleOf>("gtk_widget_get_accessible");
+  SetName setName = Find<SetName>("atk_object_set_name");
 };
 
 /// What is written on a control that stands among others in its row.
@@ -41,12 +48,21 @@ void NameWidget(void *widget, wxString const &name) {
   if (accessible != nullptr) names.setName(accessible, name.utf8_str());
 }
 
+/// What a widget scrolls; null if it is not one that does.
+void *ScrolledBy(void *widget) {
+  static auto const scrolledType = Find<std::size_t (*)()>("gtk_scrolled_window_get_type");
+  static auto const isA = Find<int (*)(void *, std::size_t)>("g_type_check_instance_is_a");
+  static auto const childOf = Find<void *(*)(void *)>("gtk_bin_get_child");
+  if (scrolledType == nullptr || isA == nullptr || childOf == nullptr) return nullptr;
+  return isA(widget, scrolledType()) != 0 ? childOf(widget) : nullptr;
+}
+
 /// Lists stand inside a widget that scrolls them; the focus, and so the reader, goes to the inner
 /// one.
-void NameWidgets(wxWindow &control, wxString const &name) {
+void NameWidgets(wxWindow const &control, wxString const &name) {
   NameWidget(control.GetHandle(), name);
-  if (control.GetConnectWidget() == control.GetHandle()) return;
-  NameWidget(control.GetConnectWidget(), name);
+  void *const inner = ScrolledBy(control.GetHandle());
+  if (inner != nullptr) NameWidget(inner, name);
 }
 
 }  // namespace

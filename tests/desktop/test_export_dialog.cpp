@@ -2,6 +2,7 @@
 #include "desktop/export_dialog.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -264,6 +265,18 @@ TEST_F(ExportDialogTest, AFilmWithoutSoundKeepsNone) {
   Open(std::make_unique<FakeFilm>(In("street.mp4"), false));
   EXPECT_FALSE(Get<wxCheckBox>("sound").IsEnabled());
   EXPECT_FALSE(Get<wxCheckBox>("sound").GetValue());
+}
+
+TEST_F(ExportDialogTest, EachMnemonicStandsOnce) {
+  std::multiset<wxString> mnemonics;
+  for (wxWindow *child : m_dialog->GetChildren()) {
+    // GTK's labels give theirs back with the character still marked.
+    wxString const label = child->GetLabel();
+    std::size_t const mark = label.find('&');
+    if (mark != wxString::npos) mnemonics.insert(label.Mid(mark + 1, 1).Upper());
+  }
+  EXPECT_GE(mnemonics.size(), 9u);
+  for (wxString const &mnemonic : mnemonics) EXPECT_EQ(mnemonics.count(mnemonic), 1u) << mnemonic;
 }
 
 TEST_F(ExportDialogTest, AStillOffersPicturesOnly) {

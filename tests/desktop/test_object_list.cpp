@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/object_list.h"
 
+#include <dlfcn.h>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -141,6 +143,17 @@ TEST_F(ObjectListOnAWindow, KeepsItsPlaceAndSelectionWhenObjectsCome) {
   EXPECT_EQ(m_list->Selected(), 150);
   EXPECT_EQ(m_table->GetSelectedItemsCount(), 1);
   EXPECT_TRUE(m_chosen.empty());
+}
+
+TEST_F(ObjectListOnAWindow, ScreenReadersFindItsName) {
+  auto const accessibleOf =
+      reinterpret_cast<void *(*)(void *)>(dlsym(RTLD_DEFAULT, "gtk_widget_get_accessible"));
+  auto const nameOf =
+      reinterpret_cast<char const *(*)(void *)>(dlsym(RTLD_DEFAULT, "atk_object_get_name"));
+  ASSERT_NE(accessibleOf, nullptr);
+  ASSERT_NE(nameOf, nullptr);
+  // Of the widget that takes the focus, which another one scrolls.
+  EXPECT_STREQ(nameOf(accessibleOf(m_table->GtkGetTreeView())), "Objects");
 }
 
 TEST_F(ObjectListOnAWindow, IsCheapWithTenThousandObjects) {

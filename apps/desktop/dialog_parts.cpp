@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/labelled_row.h"
+#include "desktop/dialog_parts.h"
+
+#include <algorithm>
+#include <cstddef>
 
 #include <wx/control.h>
 #include <wx/settings.h>
@@ -25,6 +28,17 @@ wxStaticText *AddLabelledRow(wxFlexGridSizer &grid, wxString const &label, wxWin
   grid.Add(&control, wxSizerFlags().CentreVertical());
   framenote::NameForScreenReaders(control, NameOfLabel(label));
   return text;
+}
+
+int WidthOfText(wxWindow const &window, int characters) {
+  return window.GetTextExtent(wxString('n', static_cast<std::size_t>(characters))).x;
+}
+
+void SizeField(wxWindow &field, int characters) {
+  constexpr int kFrame = 12;  // device-independent pixels, above and below the text, or beside it
+  int const frame = field.FromDIP(kFrame);
+  int const height = std::max(field.GetBestSize().y, field.GetTextExtent("Xg").y + frame);
+  field.SetMinSize({WidthOfText(field, characters) + frame, height});
 }
 
 wxString NameOfLabel(wxString const &label) {

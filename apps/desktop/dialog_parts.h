@@ -17,6 +17,11 @@ wxStaticText *AddLabelledRow(wxFlexGridSizer &grid, wxString const &label, wxWin
 /// The same for a row of several controls, each of which has a name of its own.
 wxStaticText *AddLabelledRow(wxFlexGridSizer &grid, wxWindow &parent, wxString const &label,
                              wxSizer *row);
+/// The width of about that many characters in the window's font: fonts grow with the desktop's font
+/// scale, which sizes in device-independent pixels do not know.
+int WidthOfText(wxWindow const &window, int characters);
+/// Makes a field wide enough for about that many characters, and high enough for its font.
+void SizeField(wxWindow &field, int characters);
 /// A label as a name: without mnemonic and colon.
 wxString NameOfLabel(wxString const &label);
 /// For texts that say what is wrong; read well on the background of windows.
