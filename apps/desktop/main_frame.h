@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -86,6 +87,7 @@ private:
   // Editing
   void undo();
   void redo();
+  void changeStep(std::function<bool()> const &change);
   void copy();
   void paste();
   bool pastePicture();

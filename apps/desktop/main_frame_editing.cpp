@@ -24,20 +24,20 @@
 // --- Editing ---
 
 void MainFrame::undo() {
-  m_tool->DeactivateToolAndControls();
-  m_session->TakeDocument();
-  if (!canUndo()) return;
-  try {
-    m_session->Undo();
-  } catch (MediaError const &error) {
-    showProblem(MediaErrorText(error));
-  }
+  changeStep([this] { return !canUndo() || m_session->Undo(); });
 }
 
 void MainFrame::redo() {
+  changeStep([this] { return !canRedo() || m_session->Redo(); });
+}
+
+void MainFrame::changeStep(std::function<bool()> const &change) {
   m_tool->DeactivateToolAndControls();
+  m_session->TakeDocument();
+  // Loading a document empties the tool's clipboard.
+  m_hasCopied = false;
   try {
-    m_session->Redo();
+    if (!change()) showProblem(_("An object could not be restored: its picture is gone."));
   } catch (MediaError const &error) {
     showProblem(MediaErrorText(error));
   }

@@ -38,6 +38,7 @@ void Session::Open(std::unique_ptr<MediaSource> source, Project const &project,
   m_expected = project.media.facts;
   m_projectPath = projectPath;
   m_tool->FromJSON(project.document, FrameCount());
+  m_tool->OnJsonChanged();
   m_history.Reset({m_tool->GetJSON(), -1, 0});
   if (isRestored) m_history.ForgetSaved();
   storeForRecovery();
@@ -105,24 +106,27 @@ void Session::EndGesture() {
   m_history.EndGesture();
 }
 
-void Session::Undo() {
+bool Session::Undo() {
   TakeDocument();
-  load(m_history.Undo());
+  return load(m_history.Undo());
 }
 
-void Session::Redo() {
+bool Session::Redo() {
   TakeDocument();
-  load(m_history.Redo());
+  return load(m_history.Redo());
 }
 
-void Session::load(History::State const &wanted) {
+bool Session::load(History::State const &wanted) {
   m_tool->FromJSON(DocumentOf(wanted.annotations), FrameCount());
+  m_tool->OnJsonChanged();
+  bool const isWhole = m_tool->GetJSON().IsSameAs(wanted.annotations);
   ShowFrame(wanted.frame, false);
   if (wanted.selectedIndex >= 0) {
     m_tool->SelectObject(static_cast<std::size_t>(wanted.selectedIndex));
   }
   storeForRecovery();
   m_handlers.onChanged();
+  return isWhole;
 }
 
 int Session::selectedIndex() const {

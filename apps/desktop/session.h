@@ -75,10 +75,11 @@ public:
   void BeginGesture() { m_history.BeginGesture(); }
   void EndGesture();
   History const &Steps() const { return m_history; }
-  /// Goes to the state before, or after, and to the frame where the two differ.
+  /// Goes to the state before, or after, and to the frame where the two differ. False if an object
+  /// of it cannot be made any more, as a picture whose file is gone.
   /// REQUIRES: Steps().CanUndo(), or CanRedo().
-  void Undo();
-  void Redo();
+  bool Undo();
+  bool Redo();
 
   // --- Saving ---
 
@@ -92,7 +93,7 @@ public:
 
 private:
   Project snapshot(bool withSum);
-  void load(History::State const &wanted);
+  bool load(History::State const &wanted);
   int selectedIndex() const;
   void storeForRecovery();
 

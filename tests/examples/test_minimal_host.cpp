@@ -29,6 +29,7 @@
 
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
+#include "support/host_process.h"
 #include "support/screen_windows.h"
 #include "talbase/json_text.h"
 
@@ -56,34 +57,6 @@ bool WaitUntil(std::function<bool()> const &isReached, milliseconds patience = k
   }
   return true;
 }
-
-/// The program, from its start until it is ended; it knows nothing of being watched.
-class HostProcess {
-public:
-  HostProcess(std::string const &picture, std::string const &document) {
-    std::string const zoom = std::to_string(100 * kZoom);
-    m_pid = fork();
-    if (m_pid != 0) return;
-    execl(FRAMENOTE_MINIMAL_HOST_PROGRAM, FRAMENOTE_MINIMAL_HOST_PROGRAM, picture.c_str(),
-          document.c_str(), zoom.c_str(), nullptr);
-    _exit(127);
-  }
-  HostProcess(HostProcess const &) = delete;
-  HostProcess &operator=(HostProcess const &) = delete;
-  ~HostProcess() {
-    if (!IsRunning()) return;
-    kill(m_pid, SIGTERM);
-    waitpid(m_pid, nullptr, 0);
-  }
-
-  bool IsRunning() {
-    if (m_pid > 0 && waitpid(m_pid, nullptr, WNOHANG) != 0) m_pid = -1;
-    return m_pid > 0;
-  }
-
-private:
-  pid_t m_pid = -1;
-};
 
 class MinimalHost : public testing::Test {
 protected:
@@ -113,7 +86,9 @@ protected:
     m_host.reset();
     m_document = m_folder / document;
     framenote::test::ScreenWindows const before;
-    m_host = std::make_unique<HostProcess>((m_folder / "in.png").string(), m_document.string());
+    m_host = std::make_unique<framenote::test::HostProcess>(framenote::test::HostProcess::Arguments{
+        FRAMENOTE_MINIMAL_HOST_PROGRAM, (m_folder / "in.png").string(), m_document.string(),
+        std::to_string(100 * kZoom)});
     m_mouse.MouseMove(300, 300);
     // The window is there as soon as it answers the key for saving.
     bool const answers = WaitUntil([this] { return !TrySave(milliseconds(500)).empty(); });
@@ -168,7 +143,7 @@ protected:
 
   void Click(wxPoint const &point) { Drag({point}); }
 
-  std::unique_ptr<HostProcess> m_host;
+  std::unique_ptr<framenote::test::HostProcess> m_host;
 
 private:
   std::string TrySave(milliseconds patience) {
