@@ -21,10 +21,8 @@
 namespace {
 
 wxSize const kFirstSize(1280, 860);
-constexpr int kTimelineHeight = 150;
-constexpr int kObjectsHeight = 200;
-constexpr int kLeastObjectsHeight = 120;
-constexpr int kPaletteShare = 3;  ///< of the height beside the picture
+constexpr int kTimelineHeight = 170;
+constexpr int kTimelineShare = 3;  ///< of the width below the picture
 constexpr int kObjectsShare = 1;
 constexpr char const *kLayoutKey = "/window/layout";
 constexpr char const *kRecentPath = "/recent";
@@ -119,18 +117,16 @@ void MainFrame::makeWindows() {
 void MainFrame::addPanes(wxWindow &middle) {
   using Pane = wxAuiPaneInfo;
   m_panes.AddPane(&middle, Pane().Name("picture").CenterPane());
-  // The palette scrolls where the list of objects needs the room.
-  Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right().Position(0);
-  palette.BestSize(m_palette->GetBestSize()).MinSize(m_palette->GetMinWidth(), 1);
-  palette.dock_proportion = kPaletteShare;
-  m_panes.AddPane(m_palette, palette);
-  Pane objects = Pane().Name("objects").Caption(_("Objects")).Right().Position(1);
-  objects.BestSize(FromDIP(wxSize(-1, kObjectsHeight))).MinSize(1, FromDIP(kLeastObjectsHeight));
+  Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right();
+  m_panes.AddPane(m_palette, palette.BestSize(m_palette->GetBestSize()));
+  // Side by side: a row of the timeline is an object too.
+  Pane time = Pane().Name("timeline").Caption(_("Timeline")).Bottom().Position(0);
+  time.BestSize(FromDIP(wxSize(-1, kTimelineHeight)));
+  time.dock_proportion = kTimelineShare;
+  m_panes.AddPane(m_timePane, time);
+  Pane objects = Pane().Name("objects").Caption(_("Objects")).Bottom().Position(1);
   objects.dock_proportion = kObjectsShare;
   m_panes.AddPane(m_objects, objects);
-  Pane time = Pane().Name("timeline").Caption(_("Timeline")).Bottom();
-  time.BestSize(FromDIP(wxSize(-1, kTimelineHeight)));
-  m_panes.AddPane(m_timePane, time);
 }
 
 void MainFrame::restoreLayout() {
