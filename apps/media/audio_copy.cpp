@@ -35,7 +35,7 @@ constexpr double kSame = 1e-6;
   if (code == AVERROR(ENOENT)) problem = MediaProblem::NotFound;
   if (code == AVERROR(ENOMEM)) throw std::bad_alloc();
   if (code == AVERROR_INVALIDDATA) problem = MediaProblem::Unrecognised;
-  throw MediaError(problem, path, LibavReason(code));
+  throw MediaError(problem, path, libav::ErrorText(code));
 }
 
 bool IsAudio(AVStream const &stream) {
@@ -57,7 +57,7 @@ std::int64_t SamplesToSkip(AVPacket const &packet) {
 /// Side data can be anything that the source's container holds; only what decoding the sound needs
 /// goes along.
 void KeepOnlySoundData(AVPacket &packet) {
-  OutputOwned<AVPacket> const kept = OwnOutput(av_packet_alloc());
+  libav::Owned<AVPacket> const kept = libav::Own(av_packet_alloc());
   for (int i = 0; i < packet.side_data_elems; ++i) {
     AVPacketSideData const &data = packet.side_data[i];
     if (data.type != AV_PKT_DATA_SKIP_SAMPLES && data.type != AV_PKT_DATA_NEW_EXTRADATA) continue;
@@ -93,7 +93,7 @@ void AudioCopy::Open() {
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
     throw MediaError(MediaProblem::NotAFile, m_path);
   }
-  OutputOptions options;
+  libav::Options options;
   // A play list must not make this read other files, or the network.
   options.Set("protocol_whitelist", "file");
   AVFormatContext *opened = nullptr;
@@ -175,7 +175,7 @@ void AudioCopy::AddStreams(AVFormatContext &output, std::string const &path) {
     // Containers have codes of their own; the source's may mean another codec there.
     stream->codecpar->codec_tag = 0;
     stream->codecpar->initial_padding = 0;
-    for (OutputOwned<AVPacket> const &packet : m_queue) {
+    for (libav::Owned<AVPacket> const &packet : m_queue) {
       if (packet->stream_index != stream->index) continue;
       stream->codecpar->initial_padding = static_cast<int>(std::max<std::int64_t>(0, -packet->pts));
       break;
@@ -194,7 +194,7 @@ AVPacket *AudioCopy::Next() {
 bool AudioCopy::QueueNext() {
   auto const isDone = [](Track const &track) { return track.isDone; };
   if (std::all_of(m_tracks.begin(), m_tracks.end(), isDone)) return false;
-  OutputOwned<AVPacket> packet = OwnOutput(av_packet_alloc());
+  libav::Owned<AVPacket> packet = libav::Own(av_packet_alloc());
   if (!ReadPacket(*packet)) {
     for (Track &track : m_tracks) track.isDone = true;
     return false;
@@ -219,13 +219,13 @@ bool AudioCopy::ReadPacket(AVPacket &packet) {
       return false;
     }
     if (result != AVERROR_INVALIDDATA) ThrowReadError(m_path, result);
-    m_problem = LibavReason(result);
+    m_problem = libav::ErrorText(result);
     ++damage;
   }
   return false;
 }
 
-void AudioCopy::QueueIfWanted(Track &track, OutputOwned<AVPacket> packet) {
+void AudioCopy::QueueIfWanted(Track &track, libav::Owned<AVPacket> packet) {
   if (packet->pts == AV_NOPTS_VALUE) packet->pts = packet->dts;
   if (packet->pts == AV_NOPTS_VALUE) packet->pts = track.next;
   track.next = packet->pts + packet->duration;

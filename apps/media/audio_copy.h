@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "media/libav_output.h"
+#include "media/libav.h"
 #include "media/video_writer.h"
 
 struct CloseInput {
@@ -58,7 +58,7 @@ private:
   void QueueFirstPackets();
   bool QueueNext();
   bool ReadPacket(AVPacket &packet);
-  void QueueIfWanted(Track &track, OutputOwned<AVPacket> packet);
+  void QueueIfWanted(Track &track, libav::Owned<AVPacket> packet);
   double SoundBegin(Track &track, AVPacket const &packet) const;
   void Retime(Track &track, AVPacket &packet) const;
 
@@ -72,7 +72,7 @@ private:
   AVRational m_originBase;
   std::unique_ptr<AVFormatContext, CloseInput> m_source;
   std::vector<Track> m_tracks;
-  std::deque<OutputOwned<AVPacket>> m_queue;
+  std::deque<libav::Owned<AVPacket>> m_queue;
   bool m_isAtStart = true;  ///< reading began at the source's first packet
   std::string m_problem;
 };

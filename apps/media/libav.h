@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 
 // C headers without linkage guards of their own.
@@ -24,12 +25,40 @@ struct Free {
   void operator()(AVPacket *packet) const { av_packet_free(&packet); }
   void operator()(AVCodecContext *codec) const { avcodec_free_context(&codec); }
   void operator()(SwsContext *scaler) const { sws_freeContext(scaler); }
+  /// Of an output: an input that was opened is closed in another way.
+  void operator()(AVFormatContext *output) const { avformat_free_context(output); }
 };
 
-using FramePtr = std::unique_ptr<AVFrame, Free>;
-using PacketPtr = std::unique_ptr<AVPacket, Free>;
-using CodecPtr = std::unique_ptr<AVCodecContext, Free>;
-using ScalerPtr = std::unique_ptr<SwsContext, Free>;
+template <typename T>
+using Owned = std::unique_ptr<T, Free>;
+using FramePtr = Owned<AVFrame>;
+using PacketPtr = Owned<AVPacket>;
+using CodecPtr = Owned<AVCodecContext>;
+using ScalerPtr = Owned<SwsContext>;
+
+/// Takes over what libav has allocated. Throws std::bad_alloc if it has not.
+template <typename T>
+Owned<T> Own(T *allocated) {
+  if (!allocated) throw std::bad_alloc();
+  return Owned<T>(allocated);
+}
+
+/// Options on their way into libav, which takes out those that it knows.
+class Options {
+public:
+  Options() = default;
+  Options(Options const &) = delete;
+  Options &operator=(Options const &) = delete;
+  ~Options() { av_dict_free(&m_options); }
+
+  void Set(char const *name, std::string const &value) {
+    if (av_dict_set(&m_options, name, value.c_str(), 0) < 0) throw std::bad_alloc();
+  }
+  AVDictionary **Get() { return &m_options; }
+
+private:
+  AVDictionary *m_options = nullptr;
+};
 
 /// Throw std::bad_alloc.
 FramePtr NewFrame();

@@ -20,8 +20,8 @@ constexpr unsigned int kMostThreads = 4;
 /// 16.16 fixed point, as swscale counts contrast and saturation.
 constexpr int kUnchanged = 1 << 16;
 
-OutputOwned<AVFrame> NewFrame(int width, int height, AVPixelFormat format) {
-  OutputOwned<AVFrame> frame = OwnOutput(av_frame_alloc());
+libav::Owned<AVFrame> NewFrame(int width, int height, AVPixelFormat format) {
+  libav::Owned<AVFrame> frame = libav::Own(av_frame_alloc());
   frame->width = width;
   frame->height = height;
   frame->format = format;
@@ -64,9 +64,9 @@ bool SetOptions(SwsContext &scaler, int width, int height, AVPixelFormat format)
   });
 }
 
-OutputOwned<SwsContext> NewScaler(int width, int height, AVPixelFormat format,
-                                  AVColorSpace matrix) {
-  OutputOwned<SwsContext> scaler = OwnOutput(sws_alloc_context());
+libav::Owned<SwsContext> NewScaler(int width, int height, AVPixelFormat format,
+                                   AVColorSpace matrix) {
+  libav::Owned<SwsContext> scaler = libav::Own(sws_alloc_context());
   if (!SetOptions(*scaler, width, height, format) ||
       sws_init_context(scaler.get(), nullptr, nullptr) < 0) {
     throw std::invalid_argument("no conversion of this size");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "media/libav_output.h"
+#include "media/libav.h"
 #include "media/picture.h"
 
 /// Turns pictures into what an encoder takes. The same picture always gives the same bytes, on any
@@ -23,7 +23,7 @@ private:
   void TakeIn(Picture const &picture);
   void Spread(Picture const &picture);
 
-  OutputOwned<SwsContext> m_scaler;  ///< and m_from: for YUV only
-  OutputOwned<AVFrame> m_from;
-  OutputOwned<AVFrame> m_to;
+  libav::Owned<SwsContext> m_scaler;  ///< and m_from: for YUV only
+  libav::Owned<AVFrame> m_from;
+  libav::Owned<AVFrame> m_to;
 };

@@ -95,14 +95,14 @@ bool IsH264(VideoSettings const &settings) {
   return settings.codec == VideoCodec::H264;
 }
 
-OutputOwned<AVCodecContext> NewContext(VideoSettings const &settings, std::string const &path) {
+libav::Owned<AVCodecContext> NewContext(VideoSettings const &settings, std::string const &path) {
   AVCodec const *const codec = IsH264(settings) ? avcodec_find_encoder_by_name("libx264")
                                                 : avcodec_find_encoder(AV_CODEC_ID_FFV1);
   if (!codec) {
     throw MediaError(MediaProblem::Unsupported, path,
                      IsH264(settings) ? "no encoder for H.264" : "no encoder for FFV1");
   }
-  return OwnOutput(avcodec_alloc_context3(codec));
+  return libav::Own(avcodec_alloc_context3(codec));
 }
 
 PictureConverter NewConverter(VideoSettings const &settings, std::string const &path) {
@@ -127,10 +127,10 @@ VideoEncoder::VideoEncoder(VideoSettings const &settings, std::string const &pat
     : m_path(path),
       m_context(NewContext(settings, path)),
       m_converter(NewConverter(settings, path)),
-      m_packet(OwnOutput(av_packet_alloc())) {
+      m_packet(libav::Own(av_packet_alloc())) {
   Configure(settings);
   int const result = avcodec_open2(m_context.get(), nullptr, nullptr);
-  if (result < 0) throw MediaError(MediaProblem::Unsupported, path, LibavReason(result));
+  if (result < 0) throw MediaError(MediaProblem::Unsupported, path, libav::ErrorText(result));
 }
 
 void VideoEncoder::Configure(VideoSettings const &settings) {
@@ -209,5 +209,5 @@ AVPacket *VideoEncoder::Receive() {
 void VideoEncoder::ThrowIfFailed(int result) const {
   if (result >= 0) return;
   if (result == AVERROR(ENOMEM)) throw std::bad_alloc();
-  throw MediaError(MediaProblem::WriteFailed, m_path, LibavReason(result));
+  throw MediaError(MediaProblem::WriteFailed, m_path, libav::ErrorText(result));
 }

@@ -5,7 +5,7 @@
 #include <deque>
 #include <string>
 
-#include "media/libav_output.h"
+#include "media/libav.h"
 #include "media/picture_converter.h"
 #include "media/video_writer.h"
 
@@ -33,8 +33,8 @@ private:
   void ThrowIfFailed(int result) const;
 
   std::string m_path;
-  OutputOwned<AVCodecContext> m_context;
+  libav::Owned<AVCodecContext> m_context;
   PictureConverter m_converter;
-  OutputOwned<AVPacket> m_packet;
+  libav::Owned<AVPacket> m_packet;
   std::deque<std::int64_t> m_durations;  ///< of the pictures whose packets are still to come
 };

@@ -16,7 +16,7 @@ extern "C" {
 }
 
 #include "media/audio_copy.h"
-#include "media/libav_output.h"
+#include "media/libav.h"
 #include "media/media_error.h"
 #include "media/output_io.h"
 #include "media/video_encoder.h"
@@ -93,7 +93,7 @@ private:
   VideoEncoder m_encoder;
   std::optional<AudioCopy> m_audio;
   std::optional<OutputIo> m_io;  // outlives m_output, which writes through it
-  OutputOwned<AVFormatContext> m_output;
+  libav::Owned<AVFormatContext> m_output;
   std::vector<std::int64_t> m_lastTimes;  ///< of each stream, in its own time base
 };
 
@@ -108,7 +108,7 @@ LibavVideoWriter::LibavVideoWriter(std::string const &path, Container const &con
       m_encoder(settings, path) {
   AVFormatContext *output = nullptr;
   avformat_alloc_output_context2(&output, nullptr, container.format, nullptr);
-  m_output = OwnOutput(output);
+  m_output = libav::Own(output);
   AddVideoStream(settings);
   if (!settings.audioFrom.empty()) {
     m_audio.emplace(settings, m_encoder.Context().time_base);
@@ -140,7 +140,7 @@ void LibavVideoWriter::WriteHeader(VideoSettings const &settings) {
   m_output->flags |= AVFMT_FLAG_CUSTOM_IO | AVFMT_FLAG_BITEXACT;
   // Time stamps are ours already; what precedes the first sound is told as its priming.
   m_output->avoid_negative_ts = 0;
-  OutputOptions options;
+  libav::Options options;
   if (m_container.hasTimescale) {
     options.Set("use_editlist", "1");
     options.Set("movie_timescale", MovieTimescale());
@@ -152,7 +152,7 @@ void LibavVideoWriter::WriteHeader(VideoSettings const &settings) {
   int const result = avformat_write_header(m_output.get(), options.Get());
   m_io->ThrowIfFailed();
   if (result == AVERROR(ENOMEM)) throw std::bad_alloc();
-  if (result < 0) throw MediaError(MediaProblem::Unsupported, m_path, LibavReason(result));
+  if (result < 0) throw MediaError(MediaProblem::Unsupported, m_path, libav::ErrorText(result));
   m_lastTimes.assign(m_output->nb_streams, AV_NOPTS_VALUE);
 }
 
@@ -233,7 +233,7 @@ std::string LibavVideoWriter::AudioProblem() const {
 void LibavVideoWriter::ThrowIfFailed(int result) const {
   m_io->ThrowIfFailed();
   if (result == AVERROR(ENOMEM)) throw std::bad_alloc();
-  if (result < 0) throw MediaError(MediaProblem::WriteFailed, m_path, LibavReason(result));
+  if (result < 0) throw MediaError(MediaProblem::WriteFailed, m_path, libav::ErrorText(result));
 }
 
 }  // namespace
