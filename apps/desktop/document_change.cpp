@@ -531,6 +531,18 @@ std::pair<std::int64_t, std::int64_t> FramesOfObject(wxJSONValue const &document
   return RangeOf(document.ItemAt(kObjectsKey).ItemAt(index));
 }
 
+std::vector<std::pair<std::int64_t, std::int64_t>> StillRunsOfObject(wxJSONValue const &document,
+                                                                     int index) {
+  wxJSONValue const object = document.ItemAt(kObjectsKey).ItemAt(index);
+  wxJSONValue const runs = GeometryOf(object).ItemAt(kCoordinatesKey);
+  std::vector<std::pair<std::int64_t, std::int64_t>> result;
+  for (int i = 0; i < runs.Size(); ++i) {
+    wxJSONValue const range = runs.ItemAt(i).ItemAt("Range");
+    result.emplace_back(range.ItemAt(0).AsInt64(), range.ItemAt(1).AsInt64());
+  }
+  return result;
+}
+
 wxString ChangeName(DocumentChange const &change) {
   char const *const phrase = PhraseOf(change);
   // The empty text is the key of a catalogue's own header.

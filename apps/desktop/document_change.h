@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 #include <wx/string.h>
 
@@ -80,6 +81,10 @@ DocumentChange CompareDocuments(wxJSONValue const &before, wxJSONValue const &af
 /// The first and the last frame of the object at a place of a document's list; (0, 0) if there is
 /// none.
 std::pair<std::int64_t, std::int64_t> FramesOfObject(wxJSONValue const &document, int index);
+
+/// The runs of frames in which the object at a place of a document's list stands still, in order.
+std::vector<std::pair<std::int64_t, std::int64_t>> StillRunsOfObject(wxJSONValue const &document,
+                                                                     int index);
 
 /// A phrase for a menu, as in "move arrow", in the user's language; empty for no change.
 wxString ChangeName(DocumentChange const &change);

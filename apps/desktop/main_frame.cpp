@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/main_frame.h"
 
+#include <algorithm>
+
 #include <wx/aui/framemanager.h>
 #include <wx/config.h>
 #include <wx/dnd.h>
@@ -9,6 +11,7 @@
 #include <wx/sizer.h>
 #include <wx/translation.h>
 
+#include "desktop/document_change.h"
 #include "desktop/object_list.h"
 #include "desktop/transport_bar.h"
 #include "framenote/annotation_panel.h"
@@ -197,11 +200,22 @@ void MainFrame::onFrameShown() {
 void MainFrame::onDocumentChanged() {
   refreshTitle();
   refreshObjects();
+  refreshStillRuns();
   m_canvas->Refresh();
+}
+
+void MainFrame::refreshStillRuns() {
+  // More rows than anyone looks through; each change would take note of all of them.
+  constexpr std::size_t kMostRows = 1000;
+  std::size_t const rows = std::min(m_tool->AnnotationObjects().size(), kMostRows);
+  for (int i = 0; i < static_cast<int>(rows); ++i) {
+    m_timeline->SetStillRuns(i, StillRunsOfObject(m_tool->GetJSON(), i));
+  }
 }
 
 void MainFrame::onRanges(AnnotationFrameRangeChangedEvent &event) {
   m_timeline->SetRanges(event.FrameRanges(), event.SelectedIndex());
+  refreshStillRuns();
   refreshObjects();
 }
 

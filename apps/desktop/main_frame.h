@@ -161,6 +161,7 @@ private:
   void onDocumentChanged();
   void onRanges(AnnotationFrameRangeChangedEvent &event);
   void refreshObjects();
+  void refreshStillRuns();
   void refreshTitle();
   void refreshMenus(wxUpdateUIEvent &event, Command const &command);
   void showPointer(std::optional<Canvas::Pointer> const &pointer);

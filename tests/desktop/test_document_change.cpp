@@ -278,6 +278,17 @@ TEST(ChangeOfADocument, FramesWithoutARecordDiffer) {
   EXPECT_EQ(change.lastFrame, 5);
 }
 
+TEST(ChangeOfADocument, StillRunsAreThoseOfTheGeometry) {
+  using Runs = std::vector<std::pair<std::int64_t, std::int64_t>>;
+  wxJSONValue const moved = ArrowWith(R"([{"Head":[9,9],"Tail":[0,0],"Range":[0,3]},)"
+                                      R"({"Head":[8,9],"Tail":[0,0],"Range":[4,9]}])");
+  EXPECT_EQ(StillRunsOfObject(moved, 0), (Runs{{0, 3}, {4, 9}}));
+  EXPECT_EQ(StillRunsOfObject(moved, 1), Runs{});
+  wxJSONValue const boxed =
+      JsonFromUtf8(R"({"Objects":[{"Id":7,"Rectangle":{"Coordinates":[{"Range":[2,5]}]}}]})");
+  EXPECT_EQ(StillRunsOfObject(boxed, 0), (Runs{{2, 5}}));
+}
+
 TEST(ChangeOfADocument, NonsenseIsComparedToo) {
   wxJSONValue const nonsense = JsonFromUtf8(
       R"({"Objects":[{"Id":3,"StartFrame":-9223372036854775808,"EndFrame":9223372036854775807,)"
