@@ -257,8 +257,8 @@ void MainFrame::showPosition() {
       _("Frame %lld of %lld   %s of %s   %.4g frames/s"), static_cast<long long>(frame),
       static_cast<long long>(m_session->FrameCount()), FormatTimeCode(source, frame),
       FormatTimeCode(source, m_session->FrameCount() - 1), source.Info().frameRate.Value());
-  m_transport->SetPosition(text);
   wxString shown = hasVideo() ? text : _("Still picture");
+  m_transport->SetPosition(shown);
   if (m_session->IsDamaged()) shown += "   " + wxString(_("This frame is damaged."));
   SetStatusText(shown, kFrameField);
 }
