@@ -61,8 +61,7 @@ VideoCodec CodecOf(BurnOptions const &options) {
 BurnResult Burn(BurnOptions const &options,
                 std::function<bool(BurnProgress const &)> const &progress) {
   if (BurnOutputOf(options.output) == BurnOutput::Unknown) {
-    throw ArgumentError("output '" + options.output +
-                        "' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov");
+    throw ArgumentError(UnknownOutputText(options.output));
   }
   BurnSettings settings;
   settings.look = LookOf(options);

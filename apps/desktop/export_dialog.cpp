@@ -169,9 +169,14 @@ void ExportDialog::makeOptions(wxFlexGridSizer &grid) {
   m_report->SetName("report");
   m_report->SetToolTip(wxGetTranslation(
       "What was burnt into what, with check sums of the source, the frames and the results"));
+  m_extend = new wxCheckBox(this, wxID_ANY, "");  // owned by the dialog
+  m_extend->SetLabel(wxGetTranslation("En&large the picture where annotations lie beyond it"));
+  m_extend->SetName("extend");
   if (isStill()) {
     grid.AddSpacer(0);
     grid.Add(m_report);
+    grid.AddSpacer(0);
+    grid.Add(m_extend);
     return;
   }
   m_quality = new wxSpinCtrl(this, wxID_ANY);  // owned by the dialog
@@ -195,6 +200,8 @@ void ExportDialog::makeOptions(wxFlexGridSizer &grid) {
   grid.Add(m_audio);
   grid.AddSpacer(0);
   grid.Add(m_report);
+  grid.AddSpacer(0);
+  grid.Add(m_extend);
 }
 
 void ExportDialog::makePath(wxFlexGridSizer &grid) {
@@ -302,6 +309,7 @@ BurnSettings ExportDialog::Settings() const {
     settings.quality = m_quality->GetValue();
     settings.keepAudio = m_audio->GetValue();
   }
+  settings.look.extend = m_extend->GetValue();
   if (m_report->GetValue()) settings.report = BytesOfPath(ReportNameOf(path()));
   return settings;
 }

@@ -39,8 +39,8 @@ public:
   ExportDialog(wxWindow *parent, MediaSource const &source, std::int64_t frame,
                WarningsOf warningsOf);
 
-  /// What was chosen; the look is that of a new BurnSettings. REQUIRES: the dialog was closed with
-  /// OK, or TransferDataFromWindow has returned true.
+  /// What was chosen; the look is that of a new BurnSettings but for the extension.
+  /// REQUIRES: the dialog was closed with OK, or TransferDataFromWindow has returned true.
   BurnSettings Settings() const;
 
   /// Checks what was chosen and tells what is wrong with it; false if it cannot be done so, or is
@@ -111,6 +111,7 @@ private:
   wxSpinCtrl *m_quality = nullptr;
   wxCheckBox *m_audio = nullptr;
   wxCheckBox *m_report = nullptr;
+  wxCheckBox *m_extend = nullptr;
   wxTextCtrl *m_path = nullptr;
   wxStaticText *m_warningsLabel = nullptr;
   wxListBox *m_warningsList = nullptr;

@@ -93,6 +93,8 @@ private:
   bool pastePicture();
   void deleteSelected();
   void runOnTool(AnnotationCommand command);
+  /// A text that is being edited becomes part of the document.
+  void takeEditedText();
   void escape();
   void moveSelected(int dx, int dy);
   void selectRow(int index);

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Editing, time and view.
 #include <algorithm>
-#include <filesystem>
 
-#include <wx/clipbrd.h>
-#include <wx/numdlg.h>
-#include <wx/stdpaths.h>
 #include <wx/textdlg.h>
 #include <wx/tglbtn.h>
 #include <wx/translation.h>
@@ -20,6 +16,8 @@
 #include "media/media_error.h"
 #include "media/media_error_text.h"
 #include "objects/annotation_object.h"
+#include "project/file_error.h"
+#include "project/path_text.h"
 
 // --- Editing ---
 
@@ -61,10 +59,16 @@ void MainFrame::paste() {
 }
 
 bool MainFrame::pastePicture() {
-  std::optional<std::string> const path = KeepClipboardPicture();
-  if (!path) return false;
-  wxRect const seen = m_canvas->SeenPart();
-  PastePictureObject(*m_tool, *path, seen, m_canvas->View().Scale(), m_canvas->View().Offset());
+  try {
+    std::optional<std::string> const path = KeepClipboardPicture();
+    if (!path) return false;
+    if (!PastePictureObject(*m_tool, *path, m_canvas->SeenPart(), m_canvas->View().Scale(),
+                            m_canvas->View().Offset())) {
+      showProblem(_("There is no room for the picture beside the other objects."));
+    }
+  } catch (FileError const &error) {
+    showProblem(TextOfPath(error.what()));
+  }
   m_session->TakeDocument();
   m_canvas->Refresh();
   return true;
@@ -72,6 +76,15 @@ bool MainFrame::pastePicture() {
 
 void MainFrame::deleteSelected() {
   runOnTool(AnnotationCommand::Delete);
+}
+
+// The tool stays the one that the palette shows.
+void MainFrame::takeEditedText() {
+  if (m_tool->GetState() == ToolState::Editing) {
+    m_tool->Deactivate();
+    m_tool->SetActiveTool(Types::Text);
+  }
+  m_session->TakeDocument();
 }
 
 void MainFrame::escape() {
@@ -82,7 +95,7 @@ void MainFrame::escape() {
                          state == ToolState::Resizing || state == ToolState::Rotating ||
                          state == ToolState::Editing;
   if (!isGesture) return m_tool->DeactivateToolAndControls();
-  if (state == ToolState::Editing) return m_tool->Deactivate();
+  if (state == ToolState::Editing) return takeEditedText();
   m_canvas->EndGesture();
 }
 

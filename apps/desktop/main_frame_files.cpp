@@ -8,7 +8,6 @@
 #include <wx/config.h>
 #include <wx/datetime.h>
 #include <wx/filedlg.h>
-#include <wx/filename.h>
 #include <wx/infobar.h>
 #include <wx/msgdlg.h>
 #include <wx/progdlg.h>
@@ -117,6 +116,7 @@ bool MainFrame::openProject(std::string const &path, Project const &project, boo
   if (!source) return false;
   m_playback.Stop();
   m_problem->Dismiss();
+  m_tool->DeactivateToolAndControls();
   MediaSource const *const opened = source.get();
   m_timeline->SetMedia(opened->Info().frameCount,
                        [opened](std::int64_t frame) { return opened->Seconds(frame); });
@@ -199,8 +199,7 @@ bool MainFrame::saveAs() {
 }
 
 bool MainFrame::saveTo(std::string const &path) {
-  m_tool->Deactivate();  // a text that is being edited belongs to the document
-  m_session->TakeDocument();
+  takeEditedText();
   wxBusyCursor const busy;
   try {
     m_session->Save(path);
@@ -213,22 +212,14 @@ bool MainFrame::saveTo(std::string const &path) {
 }
 
 bool MainFrame::mayLeave() {
-  m_tool->Deactivate();
-  m_session->TakeDocument();
+  takeEditedText();
   if (!m_session->IsModified()) return true;
   wxMessageDialog question(this, _("Do you want to save your changes?"), "Framenote",
                            wxYES_NO | wxCANCEL | wxICON_WARNING);
   question.SetExtendedMessage(_("Otherwise they are lost."));
   question.SetYesNoCancelLabels(_("&Save"), _("&Discard"), _("&Cancel"));
-  switch (question.ShowModal()) {
-    case wxID_YES:
-      return save();
-    case wxID_NO:
-      m_session->DiscardRecovery();
-      return true;
-    default:
-      return false;
-  }
+  int const answer = question.ShowModal();
+  return answer == wxID_YES ? save() : answer == wxID_NO;
 }
 
 void MainFrame::OfferRecovery() {
@@ -245,6 +236,8 @@ void MainFrame::OfferRecovery() {
     try {
       bool const isOpen =
           answer == wxID_YES && openProject(orphan.projectPath, ReadOrphan(orphan), true);
+      // Nothing is removed before it is kept anew.
+      if (isOpen) m_session->FinishRecovery();
       if (answer == wxID_NO || isOpen) RemoveOrphan(orphan);
       // One window has one document; the others are offered again at the next start.
       if (isOpen) break;
@@ -267,8 +260,7 @@ std::vector<wxString> MainFrame::warningsFor(FrameRange const &range) const {
 
 void MainFrame::exportMedia() {
   pause();
-  m_tool->Deactivate();
-  m_session->TakeDocument();
+  takeEditedText();
   ExportDialog dialog(this, m_session->Source(), m_session->Frame(),
                       [this](FrameRange const &range) { return warningsFor(range); });
   if (dialog.ShowModal() != wxID_OK) return;
@@ -278,8 +270,12 @@ void MainFrame::exportMedia() {
 
 void MainFrame::onClose(wxCloseEvent &event) {
   if (event.CanVeto() && !mayLeave()) return event.Veto();
-  // The system ends the session: what is not saved is offered at the next start.
-  if (!event.CanVeto()) m_session->FinishRecovery();
+  if (event.CanVeto()) {
+    m_session->DiscardRecovery();
+  } else {
+    // The system ends the session: what is not saved is offered at the next start.
+    m_session->FinishRecovery();
+  }
   saveLayout();
   Destroy();
 }

@@ -17,7 +17,6 @@
 #include "modes/ann_image_tool_mode.h"
 #include "objects/annotation_object.h"
 #include "project/atomic_file.h"
-#include "project/file_error.h"
 
 namespace {
 
@@ -76,11 +75,7 @@ std::optional<std::string> KeepClipboardPicture() {
   fs::path const path = FolderOfPictures() / (Sha256OfBytes(bytes.data(), bytes.size()) + ".png");
   std::error_code error;
   fs::create_directories(path.parent_path(), error);
-  try {
-    if (!fs::exists(path, error)) WriteFileAtomically(path.string(), bytes);
-  } catch (FileError const &) {
-    return std::nullopt;
-  }
+  if (!fs::exists(path, error)) WriteFileAtomically(path.string(), bytes);
   return path.string();
 }
 

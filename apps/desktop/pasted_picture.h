@@ -12,8 +12,8 @@ class AnnotationTool;
 /// Pictures from the system's clipboard. A picture object names a file, so the picture is kept in
 /// the user's data folder, under the sum of its pixels: the same picture is kept once.
 
-/// Stores the picture of the clipboard and returns its path; nothing if there is none, or if it
-/// cannot be stored.
+/// Stores the picture of the clipboard and returns its path; nothing if there is none.
+/// Throws FileError.
 std::optional<std::string> KeepClipboardPicture();
 
 /// Makes a picture object of the file in the current frame, by the drag that draws one: within

@@ -41,9 +41,10 @@ void Session::Open(std::unique_ptr<MediaSource> source, Project const &project,
   m_tool->OnJsonChanged();
   m_history.Reset({m_tool->GetJSON(), -1, 0});
   if (isRestored) m_history.ForgetSaved();
+  m_frame = 0;
   storeForRecovery();
-  ShowFrame(0, false);
   m_handlers.onChanged();
+  ShowFrame(0, false);
 }
 
 void Session::Close() {

@@ -162,6 +162,5 @@ std::unique_ptr<FrameSink> MakeFrameSink(MediaSource const &source, BurnSettings
     case BurnOutput::Unknown:
       break;
   }
-  throw std::invalid_argument("output '" + settings.output +
-                              "' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov");
+  throw std::invalid_argument(UnknownOutputText(settings.output));
 }

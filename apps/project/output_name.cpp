@@ -44,6 +44,10 @@ BurnOutput BurnOutputOf(std::string const &path) {
   return FindNumberPlace(path) ? BurnOutput::Pictures : BurnOutput::Picture;
 }
 
+std::string UnknownOutputText(std::string const &path) {
+  return "output '" + path + "' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov";
+}
+
 bool IsMatroska(std::string const &path) {
   return ExtensionOf(path) == ".mkv";
 }

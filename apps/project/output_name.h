@@ -17,6 +17,8 @@ enum class BurnOutput {
 
 /// What the name of an output asks for. Capitals in the extension do not matter.
 BurnOutput BurnOutputOf(std::string const &path);
+/// A line that says of an unknown one what is known.
+std::string UnknownOutputText(std::string const &path);
 /// Whether a video of this name is in the container that holds any codec.
 bool IsMatroska(std::string const &path);
 /// The format of a picture by its name; wxBITMAP_TYPE_INVALID if it is none that is written.

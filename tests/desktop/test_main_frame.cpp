@@ -200,6 +200,29 @@ TEST_F(MainFrameTest, ArrowKeysMoveTheSelectedObject) {
   EXPECT_EQ(run.ItemAt("TopLeft").ItemAt(1).AsInt(), 40);
 }
 
+TEST_F(MainFrameTest, SavingLeavesTheToolAsThePaletteShowsIt) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  EXPECT_EQ(Saved("work.framenote").Size(), 1);
+  Drag({100, 40}, {140, 80});
+  EXPECT_EQ(Saved("work.framenote").Size(), 2);
+}
+
+TEST_F(MainFrameTest, EndedTextLeavesItsTool) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('T');
+  Drag({10, 10}, {70, 50});
+  Key('X');
+  Key(WXK_ESCAPE);
+  Drag({80, 60}, {150, 110});
+  Key('Y');
+  Key(WXK_ESCAPE);
+  EXPECT_EQ(Saved("work.framenote").Size(), 2);
+}
+
 TEST_F(MainFrameTest, ClosingAsksAndCancelStays) {
   ASSERT_NO_FATAL_FAILURE(Start());
   OpenClip();
