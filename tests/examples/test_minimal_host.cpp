@@ -31,6 +31,7 @@
 #include "framenote/annotation_tool.h"
 #include "support/host_process.h"
 #include "support/screen_windows.h"
+#include "support/window_ping.h"
 #include "talbase/json_text.h"
 
 namespace {
@@ -39,7 +40,7 @@ namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
 constexpr int kZoom = 2;
-constexpr milliseconds kStep(30);  ///< between two motions, so that the server does not merge them
+constexpr milliseconds kStep(20);  ///< longer than the toolkit holds a motion back to merge it
 constexpr milliseconds kPatience(30000);
 constexpr int kShapeList = 10;       ///< the palette's list of shapes
 constexpr double kPrecision = 1e-6;  ///< picture pixels
@@ -94,6 +95,7 @@ protected:
     bool const answers = WaitUntil([this] { return !TrySave(milliseconds(500)).empty(); });
     ASSERT_TRUE(answers) << (m_host->IsRunning() ? "no window" : "the program ended");
     m_window = before.NewOne();
+    m_ping = std::make_unique<framenote::test::WindowPing>(before.NewId());
   }
 
   /// Saves with the keyboard and returns the document's text.
@@ -114,7 +116,7 @@ protected:
 
   void Key(int key) {
     m_mouse.Char(key);
-    std::this_thread::sleep_for(kStep);
+    WaitForHost();
   }
 
   /// Presses the button of a tool in the palette.
@@ -130,7 +132,7 @@ protected:
 
   void MoveTo(wxPoint const &point) {
     m_mouse.MouseMove(m_origin + point * kZoom);
-    std::this_thread::sleep_for(kStep);
+    WaitForHost();
   }
 
   void Drag(std::vector<wxPoint> const &points) {
@@ -138,7 +140,7 @@ protected:
     m_mouse.MouseDown();
     for (std::size_t i = 1; i < points.size(); ++i) MoveTo(points[i]);
     m_mouse.MouseUp();
-    std::this_thread::sleep_for(kStep);
+    WaitForHost();
   }
 
   void Click(wxPoint const &point) { Drag({point}); }
@@ -168,9 +170,18 @@ private:
     wxRect const control = m_controls.at(id);
     m_mouse.MouseMove(m_window.GetPosition() + control.GetPosition() +
                       wxPoint(wxRound(share * control.width), control.height / 2));
-    std::this_thread::sleep_for(kStep);
+    WaitForHost();
     m_mouse.MouseClick();
-    std::this_thread::sleep_for(kStep);
+    WaitForHost();
+  }
+
+  /// Until the host has acted on all events, however busy the machine is. It answers when it has
+  /// read them; a motion that the toolkit held back is delivered before the second answer.
+  void WaitForHost() {
+    for (int time = 0; time < 2; ++time) {
+      std::this_thread::sleep_for(kStep);
+      EXPECT_TRUE(m_ping->IsAnswered(kPatience));
+    }
   }
 
   static void Settle() {
@@ -235,6 +246,7 @@ private:
   fs::path m_document;
   wxRect m_window;                   ///< of the host, on the screen
   std::map<int, wxRect> m_controls;  ///< of its palette, from the corner of its window
+  std::unique_ptr<framenote::test::WindowPing> m_ping;  ///< of the host's window
   wxPoint m_origin;
   wxFrame *m_frame = nullptr;
   wxUIActionSimulator m_mouse;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every property control used with the mouse and the keyboard of the X server.
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -75,7 +76,8 @@ class ControlsOnAWindow : public PropertyControls, public testing::WithParamInte
 protected:
   template <class Condition>
   static bool Settle(Condition const &isReached) {
-    for (int i = 0; i < 400 && !isReached(); ++i) {
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!isReached() && std::chrono::steady_clock::now() < deadline) {
       wxYield();
       wxTheApp->ProcessPendingEvents();
       if (!isReached()) wxMilliSleep(5);
@@ -127,6 +129,9 @@ protected:
   }
   void ChooseAnother(wxOwnerDrawnComboBox &list) {
     bool const isLast = list.GetSelection() + 1 == static_cast<int>(list.GetCount());
+    // A list takes no click within 150 ms of its closing, so that the click that closed it does not
+    // open it again.
+    Wait(200);
     // The arrow opens the list, also where the rest of the control is for typing.
     wxRect const rect = list.GetScreenRect();
     ClickAt(rect.GetTopRight() + wxPoint(-rect.height / 2, rect.height / 2));

@@ -49,4 +49,12 @@ wxRect ScreenWindows::NewOne() const {
   return result;
 }
 
+unsigned long ScreenWindows::NewId() const {
+  unsigned long result = 0;
+  ForEachShown([&](Window window, wxRect const &) {
+    if (m_shown.count(window) == 0) result = window;
+  });
+  return result;
+}
+
 }  // namespace framenote::test

@@ -14,6 +14,8 @@ public:
   ScreenWindows();
   /// Where a window is that was not shown then; empty if there is none.
   wxRect NewOne() const;
+  /// That window's identifier at the X server; 0 if there is none.
+  unsigned long NewId() const;
 
 private:
   std::set<unsigned long> m_shown;
