@@ -174,7 +174,7 @@ private:
     Outcome outcome;
     int status = 0;
     rusage usage = {};
-    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(300);
     while (wait4(child, &status, WNOHANG, &usage) == 0) {
       if (std::chrono::steady_clock::now() > deadline) kill(child, SIGKILL);
       std::this_thread::sleep_for(std::chrono::milliseconds(5));

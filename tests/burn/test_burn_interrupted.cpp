@@ -5,6 +5,7 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <random>
 #include <string>
 #include <thread>
@@ -31,12 +32,17 @@ protected:
 
   /// Runs the program and sends it `signal` after `delay`.
   Outcome Interrupt(Arguments const &arguments, int signal, std::chrono::milliseconds delay) {
+    return Interrupt(arguments, signal, [delay] { std::this_thread::sleep_for(delay); });
+  }
+
+  /// Runs the program and sends it `signal` once `wait` is over.
+  Outcome Interrupt(Arguments const &arguments, int signal, std::function<void()> const &wait) {
     pid_t group = 0;
     Outcome const outcome = RunProgram(
         arguments, [] { setpgid(0, 0); },
         [&](pid_t child) {
           group = child;
-          std::this_thread::sleep_for(delay);
+          wait();
           kill(child, signal);
         });
     EXPECT_EQ(kill(-group, 0), -1) << "a process is left";
@@ -52,7 +58,6 @@ TEST_F(BurnInterrupted, ASignalStopsAndLeavesNothing) {
   std::uniform_int_distribution<int> delays(0, 900);
   fs::create_directory(In("pictures"));
   for (int const signal : {SIGINT, SIGTERM}) {
-    int stopped = 0;
     for (char const *name : {"out.mkv", "out.mp4", "out-%06d.bmp", "out.mkv", "out.mkv"}) {
       auto const delay = std::chrono::milliseconds(delays(random));
       Outcome const outcome = Interrupt(VideoArguments("in.mp4", std::string("pictures/") + name,
@@ -64,10 +69,24 @@ TEST_F(BurnInterrupted, ASignalStopsAndLeavesNothing) {
       if (!isEarly) {
         EXPECT_NE(outcome.err.find("stopped"), std::string::npos) << outcome.err;
       }
-      stopped += isEarly ? 0 : 1;
       EXPECT_TRUE(fs::is_empty(In("pictures"))) << name << delay.count();
     }
-    EXPECT_GT(stopped, 0);
+  }
+}
+
+TEST_F(BurnInterrupted, ASignalWhileItWritesStopsAndLeavesNothing) {
+  fs::create_directory(In("pictures"));
+  auto const untilItWrites = [this] {
+    for (int i = 0; i < 60'000 && fs::is_empty(In("pictures")); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  };
+  for (char const *name : {"out.mkv", "out.mp4", "out-%06d.bmp"}) {
+    Outcome const outcome =
+        Interrupt(VideoArguments("in.mp4", std::string("pictures/") + name), SIGINT, untilItWrites);
+    EXPECT_EQ(outcome.code, 130) << outcome.err;
+    EXPECT_NE(outcome.err.find("stopped"), std::string::npos) << outcome.err;
+    EXPECT_TRUE(fs::is_empty(In("pictures"))) << name;
   }
 }
 
