@@ -17,6 +17,7 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "objects/ann_shape.h"
+#include "project/failure_text.h"
 #include "project/path_text.h"
 #include "project/text_macros.h"
 #include "project/time_code.h"
@@ -62,9 +63,8 @@ MainFrame::MainFrame(std::string const &recoveryFolder)
   Session::Handlers handlers;
   handlers.onFrameShown = [this] { onFrameShown(); };
   handlers.onChanged = [this] { onDocumentChanged(); };
-  handlers.onRecoveryFailure = [this](std::string const &line) {
-    wxString const text = TextOfPath(line);
-    CallAfter([this, text] { showProblem(text); });
+  handlers.onRecoveryFailure = [this](std::exception_ptr const &failure) {
+    CallAfter([this, failure] { showProblem(FailureText(failure)); });
   };
   m_session = std::make_unique<Session>(m_tool, handlers, recoveryFolder);
   SetSize(FromDIP(kFirstSize));
@@ -254,6 +254,7 @@ void MainFrame::showPosition() {
   std::int64_t const frame = m_session->Frame();
   // The catalogue's key names the frames as 64-bit integers on every platform.
   wxString const text = wxString::Format(
+      // TRANSLATORS: frame, last frame, time, last time, rate; keep it short.
       _("Frame %lld of %lld   %s of %s   %.4g frames/s"), static_cast<long long>(frame),
       static_cast<long long>(m_session->FrameCount()), FormatTimeCode(source, frame),
       FormatTimeCode(source, m_session->FrameCount() - 1), source.Info().frameRate.Value());
@@ -276,6 +277,7 @@ void MainFrame::showSelection() {
   if (auto const *const shape = dynamic_cast<AnnShape const *>(selected)) {
     wxRect const rect = shape->GetContainingRect(m_session->Frame());
     constexpr double kDegrees = 180.0 / M_PI;
+    // TRANSLATORS: width, height and rotation of the selected object.
     text = wxString::Format(_("%d x %d, turned by %.1f degrees"), rect.width, rect.height,
                             shape->GetRotationAngle() * kDegrees);
   }
