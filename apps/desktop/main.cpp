@@ -13,6 +13,7 @@
 #include <wx/uilocale.h>
 
 #include "desktop/main_frame.h"
+#include "desktop/toolkit_direction.h"
 #include "project/recovery_store.h"
 #include "project/user_language.h"
 #include "talbase/layout_direction.h"
@@ -27,6 +28,7 @@ public:
     wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
     m_direction = DirectionOfLanguage(UseUserLanguage());
     wxUILocale::UseDefault();
+    SetToolkitDirection(m_direction);
     // In every language, as in what the programs read and write.
     std::setlocale(LC_NUMERIC, "C");
     // Pictures are shown as they are in every language: the canvas is not mirrored.
