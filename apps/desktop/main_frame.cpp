@@ -30,6 +30,9 @@ constexpr int kTimelineShare = 3;  ///< of the width below the picture
 constexpr int kObjectsShare = 1;
 constexpr char const *kLayoutKey = "/window/layout";
 constexpr char const *kRecentPath = "/recent";
+/// How much of the window the panes of one side may take.
+constexpr double kWidestDock = 0.45;
+constexpr double kHighestDock = 0.3;
 
 /// What each field of the status bar shows, and its width in average characters; -1 takes the rest.
 enum StatusField { kPointerField, kColourField, kSelectionField, kZoomField, kFrameField };
@@ -119,6 +122,8 @@ void MainFrame::makeWindows() {
 
 void MainFrame::addPanes(wxWindow &middle) {
   using Pane = wxAuiPaneInfo;
+  // A palette of long words is cut off at the usual 0.3 of a small window.
+  m_panes.SetDockSizeConstraint(kWidestDock, kHighestDock);
   m_panes.AddPane(&middle, Pane().Name("picture").CenterPane());
   Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right();
   m_panes.AddPane(m_palette, palette.BestSize(m_palette->GetBestSize()));
