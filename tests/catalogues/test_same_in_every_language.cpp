@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What machines read is the same whatever language people read.
+#include <clocale>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "burn/burn_fixture.h"
 #include "catalogues/languages.h"
 #include "framenote/annotation_catalogue.h"
+#include "framenote/annotation_tool.h"
+#include "project/project_file.h"
 #include "project/region_gaps.h"
 #include "talbase/json_text.h"
 
@@ -60,8 +64,38 @@ protected:
            outcome.out.substr(outcome.out.find(R"({"result")"));
   }
 
+  /// What the library makes of a document, with a font, colours and fractions, and the project that
+  /// it is saved in.
+  std::string DocumentNow() {
+    AnnotationTool tool({false, false, true, true, true, {}});
+    tool.UpdateMediaInfo({0, 10, false});
+    tool.FromJSON(ReadDocument(In("doc.json")), 10);
+    Project project;
+    project.document = DocumentOf(tool.GetJSON());
+    project.media.path = In("in.png");
+    WriteProject(In("case.framenote"), project);
+    return ReadAll(In("case.framenote"));
+  }
+
   fs::path m_locales;
 };
+
+TEST_F(InEveryLanguage, DocumentsAndProjectsAreTheSame) {
+  std::string const plain = DocumentNow();
+  EXPECT_NE(plain.find("12.5"), std::string::npos);
+  for (auto const &[language, locale] : {std::pair("de", "de_DE"), std::pair("ar", "ar_EG")}) {
+    SCOPED_TRACE(language);
+    Make(locale);
+    WithVariable const path("LOCPATH", m_locales.c_str());
+    HostTranslations const translations(language);
+    ASSERT_TRUE(AddAnnotationCatalogue());
+    std::string const before = std::setlocale(LC_ALL, nullptr);
+    ASSERT_NE(std::setlocale(LC_ALL, (std::string(locale) + ".UTF-8").c_str()), nullptr);
+    std::string const written = DocumentNow();
+    std::setlocale(LC_ALL, before.c_str());
+    EXPECT_EQ(written, plain);
+  }
+}
 
 TEST_F(InEveryLanguage, BurnsWriteTheSame) {
   Make("de_DE");
