@@ -13,6 +13,11 @@ foreach(program framenote-burn framenote_program)
   endif()
 endforeach()
 
+if(FRAMENOTE_BUILD_CATALOGUES)
+  install(DIRECTORY ${FRAMENOTE_CATALOGUE_DIR}/
+    DESTINATION ${CMAKE_INSTALL_LOCALEDIR} COMPONENT runtime FILES_MATCHING PATTERN "*.mo")
+endif()
+
 # The headers keep their relative paths, so includes read the same in the tree and installed.
 install(DIRECTORY include/framenote ${PROJECT_BINARY_DIR}/include/framenote
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev FILES_MATCHING PATTERN "*.h")

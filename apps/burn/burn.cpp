@@ -5,15 +5,20 @@
 #include <string>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "burn/burn_options.h"
 #include "media/media_error.h"
+#include "media/message.h"
 #include "project/project_file.h"
 
 namespace {
 
 wxString FromArgument(std::string const &utf8) {
   wxString const text = wxString::FromUTF8(utf8);
-  if (text.empty() && !utf8.empty()) throw ArgumentError("--macro wants UTF-8");
+  if (text.empty() && !utf8.empty()) {
+    throw ArgumentError(Message(wxTRANSLATE("%s wants UTF-8"), {"--macro"}).Translated());
+  }
   return text;
 }
 
@@ -41,7 +46,11 @@ BurnLook LookOf(BurnOptions const &options) {
 /// The frames to burn. A still picture is one, whatever frame of the document it stands for.
 FrameRange RangeOf(BurnOptions const &options, MediaInfo const &info) {
   if (info.kind == MediaInfo::Kind::Still) {
-    if (options.range) throw ArgumentError("--frames wants a video; a picture takes --frame");
+    if (options.range) {
+      Message const why(wxTRANSLATE("%s wants a video; a picture takes %s"),
+                        {"--frames", "--frame"});
+      throw ArgumentError(why.Translated());
+    }
     return {0, 0};
   }
   if (options.range) return *options.range;

@@ -9,7 +9,7 @@
 
 struct BurnOptions;
 
-/// Arguments that do not fit the files; what() is one line.
+/// Arguments that do not fit the files; what() is one line of the user's language.
 class ArgumentError : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;

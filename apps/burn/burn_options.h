@@ -37,8 +37,5 @@ struct BurnOptions {
 };
 
 /// Reads the arguments after the program's name. On failure `error` says what is wrong with them,
-/// in one line, and the result is meaningless; otherwise it is empty.
+/// in one line of the user's language, and the result is meaningless; otherwise it is empty.
 BurnOptions ParseBurnOptions(std::vector<std::string> const &arguments, std::string &error);
-
-/// The text of --help.
-std::string BurnUsage();

@@ -14,12 +14,19 @@
 #include <malloc.h>
 #endif
 
+#include <wx/translation.h>
+
 #include "burn/burn.h"
 #include "burn/burn_options.h"
+#include "burn/burn_usage.h"
 #include "burn/displayless.h"
 #include "burn/progress_output.h"
 #include "media/media_error.h"
+#include "media/media_error_text.h"
+#include "media/message.h"
 #include "project/file_error.h"
+#include "project/project_error.h"
+#include "project/user_language.h"
 
 namespace {
 
@@ -78,21 +85,30 @@ int Fail(ExitCode code, std::string const &message) {
 /// What a report lists in full.
 std::string DamageText(std::vector<std::int64_t> const &frames) {
   constexpr std::size_t kMostNamed = 5;
-  bool const isOne = frames.size() == 1;
-  std::string text = isOne ? "frame" : std::to_string(frames.size()) + " frames";
-  text += isOne ? " " : " are damaged: ";
+  std::string names;
   for (std::size_t i = 0; i < std::min(frames.size(), kMostNamed); ++i) {
-    if (i > 0) text += ", ";
-    text += std::to_string(frames[i]);
+    if (i > 0) names += ", ";
+    names += std::to_string(frames[i]);
   }
-  if (isOne) return text + " is damaged";
-  return frames.size() > kMostNamed ? text + " ..." : text;
+  if (frames.size() > kMostNamed) names += " ...";
+  if (frames.size() == 1) {
+    // TRANSLATORS: the number of the frame, from 0 on.
+    return Message(wxTRANSLATE("frame %s is damaged"), {names}).Translated();
+  }
+  // TRANSLATORS: how many frames; their numbers, as "3, 5, 6".
+  return FilledText(wxPLURAL("%s frame is damaged: %s", "%s frames are damaged: %s",
+                             static_cast<unsigned>(frames.size())),
+                    {std::to_string(frames.size()), names});
+}
+
+void Warn(std::string const &source, std::string const &problem) {
+  // TRANSLATORS: a file; what is wrong with it.
+  PrintLine(Message(wxTRANSLATE("warning: '%s': %s"), {source, problem}).Translated());
 }
 
 void Warn(BurnResult const &result) {
-  std::string const start = "warning: '" + result.source + "': ";
-  if (!result.damagedFrames.empty()) PrintLine(start + DamageText(result.damagedFrames));
-  if (!result.problem.empty()) PrintLine(start + result.problem);
+  if (!result.damagedFrames.empty()) Warn(result.source, DamageText(result.damagedFrames));
+  if (!result.problem.IsEmpty()) Warn(result.source, result.problem.Translated());
 }
 
 ExitCode CodeOf(MediaError const &error, BurnOptions const &options) {
@@ -104,8 +120,6 @@ ExitCode CodeOf(MediaError const &error, BurnOptions const &options) {
 
 int Run(BurnOptions const &options) {
   KeepFreedMemory();
-  DisplaylessSession const session;
-  if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
   ProgressOutput output(options.progress);
   auto const show = [&output](BurnProgress const &progress) {
     output.Show(progress);
@@ -118,9 +132,11 @@ int Run(BurnOptions const &options) {
   } catch (ArgumentError const &error) {
     return Fail(kArgumentError, error.what());
   } catch (FileError const &error) {
-    return Fail(kOutputError, error.what());
+    return Fail(kOutputError, FileErrorText(error).utf8_string());
   } catch (MediaError const &error) {
-    return Fail(CodeOf(error, options), error.what());
+    return Fail(CodeOf(error, options), MediaErrorText(error).utf8_string());
+  } catch (ProjectError const &error) {
+    return Fail(kInputError, ProjectErrorText(error).utf8_string());
   } catch (std::exception const &error) {
     return Fail(kInputError, error.what());
   }
@@ -131,6 +147,9 @@ int Run(BurnOptions const &options) {
 
 int main(int argc, char **argv) {
   StopOnSignals();
+  DisplaylessSession const session;
+  if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
+  UseUserLanguage();
   std::string error;
   BurnOptions const options =
       ParseBurnOptions(std::vector<std::string>(argv + 1, argv + argc), error);

@@ -6,12 +6,20 @@
 
 #include <unistd.h>
 
+#include <wx/translation.h>
+
+#include "media/message.h"
 #include "project/path_text.h"
 #include "talbase/json_text.h"
 
 namespace {
 
 using Form = BurnOptions::ProgressForm;
+
+/// The point is the same in every language.
+std::string FixedText(double value, int decimals) {
+  return wxString::FromCDouble(value, decimals).utf8_string();
+}
 
 void PrintLine(wxJSONValue const &value) {
   std::puts(JsonToUtf8(value).c_str());
@@ -39,10 +47,13 @@ void ProgressOutput::Show(BurnProgress const &progress) {
   if (progress.frames == 0 || progress.done == m_done) return;
   m_done = progress.done;
   if (m_form == Form::Line) {
-    auto const percent = static_cast<int>(100 * progress.done / progress.frames);
-    std::fprintf(stderr, "\r%lld of %lld frames, %d %%, %.1f frames/s, %.0f s left   ",
-                 static_cast<long long>(progress.done), static_cast<long long>(progress.frames),
-                 percent, progress.framesPerSecond, progress.secondsLeft);
+    // TRANSLATORS: frames done, all frames, per cent, frames in a second, seconds left.
+    Message const line(
+        wxTRANSLATE("%s of %s frames, %s %%, %s frames/s, %s s left"),
+        {std::to_string(progress.done), std::to_string(progress.frames),
+         std::to_string(100 * progress.done / progress.frames),
+         FixedText(progress.framesPerSecond, 1), FixedText(progress.secondsLeft, 0)});
+    std::fprintf(stderr, "\r%s   ", line.Translated().c_str());
     std::fflush(stderr);
     m_isLineOpen = true;
   } else if (m_form == Form::Json) {

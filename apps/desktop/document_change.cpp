@@ -424,6 +424,7 @@ struct Phrases {
 
 /// In the order of DocumentChange::Object.
 constexpr std::array<Phrases, 10> kPhrases = {{
+    // TRANSLATORS: changes, which follow "Undo" and "Redo".
     {wxTRANSLATE("add object"), wxTRANSLATE("delete object"), wxTRANSLATE("move object"),
      wxTRANSLATE("resize object"), wxTRANSLATE("rotate object"), wxTRANSLATE("reshape object"),
      wxTRANSLATE("change look of object"), wxTRANSLATE("change range of object")},

@@ -121,6 +121,7 @@ void ExportDialog::makeFrames(wxFlexGridSizer &grid) {
   m_everything->Create(this, wxID_ANY, everything, wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
   m_someFrames = new wxRadioButton(this, wxID_ANY, range);  // owned by the dialog
   m_first = new wxTextCtrl(this, wxID_ANY, "0");            // owned by the dialog
+  // TRANSLATORS: between two fields: range from ... to ...
   wxString const toText = wxGetTranslation("to");
   auto *const to = new wxStaticText(this, wxID_ANY, toText);   // owned by the dialog
   m_last = new wxTextCtrl(this, wxID_ANY, NumberText(last));   // owned by the dialog
@@ -157,6 +158,7 @@ void ExportDialog::makeFrames(wxFlexGridSizer &grid) {
 void ExportDialog::makeFormat(wxFlexGridSizer &grid) {
   m_output = new wxChoice(this, wxID_ANY);  // owned by the dialog
   m_output->SetName("output");
+  // TRANSLATORS: what is made: a picture, pictures or a video.
   AddLabelledRow(grid, wxGetTranslation("&As:"), *m_output);
   m_format = new wxChoice(this, wxID_ANY);  // owned by the dialog
   m_format->SetName("format");

@@ -13,9 +13,8 @@
 
 #include "desktop/export_names.h"
 #include "desktop/export_progress.h"
-#include "media/media_error_text.h"
 #include "media/media_source.h"
-#include "project/file_error.h"
+#include "project/failure_text.h"
 #include "project/path_text.h"
 
 namespace {
@@ -25,28 +24,6 @@ constexpr std::size_t kMostNamed = 10;
 
 wxString NumberText(std::int64_t number) {
   return wxString::FromUTF8(std::to_string(number));
-}
-
-wxString FileErrorText(FileError const &error) {
-  wxString text = wxGetTranslation("\"%s\" cannot be written.");
-  text.Replace("%s", TextOfPath(error.Path()), false);
-  return text + " (" + TextOfPath(error.Cause()) + ")";
-}
-
-/// What the export threw, for the user; empty if it was the user who stopped it.
-wxString FailureText(std::exception_ptr const &failure) {
-  try {
-    std::rethrow_exception(failure);
-  } catch (MediaError const &error) {
-    if (error.Problem() == MediaProblem::Cancelled) return {};
-    return MediaErrorText(error);
-  } catch (FileError const &error) {
-    return FileErrorText(error);
-  } catch (std::bad_alloc const &) {
-    return wxGetTranslation("There is not enough memory.");
-  } catch (std::exception const &error) {
-    return TextOfPath(error.what());
-  }
 }
 
 BurnResult Burn(ExportProgress &progress, std::string const &mediaPath, wxJSONValue const &document,
@@ -64,7 +41,10 @@ wxString DamageText(std::vector<std::int64_t> const &frames) {
   wxString const count = NumberText(static_cast<std::int64_t>(frames.size()));
   if (frames.size() > kMostNamed) {
     return wxString::Format(
-        wxGetTranslation("%s frames of the source are damaged: parts of them are made up."), count);
+        wxPLURAL("%s frame of the source is damaged: parts of it are made up.",
+                 "%s frames of the source are damaged: parts of them are made up.",
+                 static_cast<unsigned>(frames.size())),
+        count);
   }
   wxString names;
   for (std::int64_t const frame : frames) names += (names.empty() ? "" : ", ") + NumberText(frame);

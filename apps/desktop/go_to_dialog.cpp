@@ -68,6 +68,7 @@ GoToDialog::GoToDialog(wxWindow *parent, MediaSource const &source, std::int64_t
       new wxFlexGridSizer(2, FromDIP(wxSize(2 * kGap, kGap)));  // owned by the dialog
   AddLabelledRow(*grid, PositionLabel(), *m_position);
   MediaInfo const &info = source.Info();
+  // TRANSLATORS: the position now, and the last one.
   AddFact(*grid, *this, wxGetTranslation("Now:"), PositionText(source, frame));
   AddFact(*grid, *this, wxGetTranslation("Last:"), PositionText(source, info.frameCount - 1));
   AddFact(*grid, *this, wxGetTranslation("Frames:"), NumberText(info.frameCount));

@@ -283,6 +283,7 @@ void History::show(Step const &step, wxJSONValue annotations, bool forward) {
 
 wxString History::UndoName() const {
   if (!CanUndo()) return wxGetTranslation("Undo");
+  // TRANSLATORS: what is undone, such as "move arrow".
   return wxString::Format(wxGetTranslation("Undo %s"), ChangeName(m_steps[m_position - 1].change));
 }
 

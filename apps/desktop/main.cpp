@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // framenote: the desktop host.
+#include <clocale>
 #include <string>
 
 #include <wx/app.h>
@@ -12,7 +13,9 @@
 #include <wx/uilocale.h>
 
 #include "desktop/main_frame.h"
+#include "desktop/toolkit_direction.h"
 #include "project/recovery_store.h"
+#include "project/user_language.h"
 #include "talbase/layout_direction.h"
 
 namespace {
@@ -23,8 +26,12 @@ public:
     SetAppName("framenote");
     SetAppDisplayName("Framenote");
     wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    m_direction = DirectionOfLanguage(UseUserLanguage());
     wxUILocale::UseDefault();
-    // Pictures are shown as they are in every language.
+    SetToolkitDirection(m_direction);
+    // In every language, as in what the programs read and write.
+    std::setlocale(LC_NUMERIC, "C");
+    // Pictures are shown as they are in every language: the canvas is not mirrored.
     TalSetLayoutDirection(wxLayout_LeftToRight);
     wxInitAllImageHandlers();
     wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
@@ -40,6 +47,9 @@ public:
     });
     return true;
   }
+
+  /// The language's, which the locale need not have: it may not be there on this machine.
+  wxLayoutDirection GetLayoutDirection() const override { return m_direction; }
 
   void OnInitCmdLine(wxCmdLineParser &parser) override {
     wxApp::OnInitCmdLine(parser);
@@ -61,6 +71,7 @@ public:
   }
 
 private:
+  wxLayoutDirection m_direction = wxLayout_Default;
   std::string m_path;
   std::string m_document;
 };

@@ -17,6 +17,7 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "objects/ann_shape.h"
+#include "project/failure_text.h"
 #include "project/path_text.h"
 #include "project/text_macros.h"
 #include "project/time_code.h"
@@ -29,6 +30,9 @@ constexpr int kTimelineShare = 3;  ///< of the width below the picture
 constexpr int kObjectsShare = 1;
 constexpr char const *kLayoutKey = "/window/layout";
 constexpr char const *kRecentPath = "/recent";
+/// How much of the window the panes of one side may take.
+constexpr double kWidestDock = 0.45;
+constexpr double kHighestDock = 0.3;
 
 /// What each field of the status bar shows, and its width in average characters; -1 takes the rest.
 enum StatusField { kPointerField, kColourField, kSelectionField, kZoomField, kFrameField };
@@ -62,9 +66,8 @@ MainFrame::MainFrame(std::string const &recoveryFolder)
   Session::Handlers handlers;
   handlers.onFrameShown = [this] { onFrameShown(); };
   handlers.onChanged = [this] { onDocumentChanged(); };
-  handlers.onRecoveryFailure = [this](std::string const &line) {
-    wxString const text = TextOfPath(line);
-    CallAfter([this, text] { showProblem(text); });
+  handlers.onRecoveryFailure = [this](std::exception_ptr const &failure) {
+    CallAfter([this, failure] { showProblem(FailureText(failure)); });
   };
   m_session = std::make_unique<Session>(m_tool, handlers, recoveryFolder);
   SetSize(FromDIP(kFirstSize));
@@ -119,6 +122,8 @@ void MainFrame::makeWindows() {
 
 void MainFrame::addPanes(wxWindow &middle) {
   using Pane = wxAuiPaneInfo;
+  // A palette of long words is cut off at the usual 0.3 of a small window.
+  m_panes.SetDockSizeConstraint(kWidestDock, kHighestDock);
   m_panes.AddPane(&middle, Pane().Name("picture").CenterPane());
   Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right();
   m_panes.AddPane(m_palette, palette.BestSize(m_palette->GetBestSize()));
@@ -254,6 +259,7 @@ void MainFrame::showPosition() {
   std::int64_t const frame = m_session->Frame();
   // The catalogue's key names the frames as 64-bit integers on every platform.
   wxString const text = wxString::Format(
+      // TRANSLATORS: frame, last frame, time, last time, rate; keep it short.
       _("Frame %lld of %lld   %s of %s   %.4g frames/s"), static_cast<long long>(frame),
       static_cast<long long>(m_session->FrameCount()), FormatTimeCode(source, frame),
       FormatTimeCode(source, m_session->FrameCount() - 1), source.Info().frameRate.Value());
@@ -276,6 +282,7 @@ void MainFrame::showSelection() {
   if (auto const *const shape = dynamic_cast<AnnShape const *>(selected)) {
     wxRect const rect = shape->GetContainingRect(m_session->Frame());
     constexpr double kDegrees = 180.0 / M_PI;
+    // TRANSLATORS: width, height and rotation of the selected object.
     text = wxString::Format(_("%d x %d, turned by %.1f degrees"), rect.width, rect.height,
                             shape->GetRotationAngle() * kDegrees);
   }

@@ -16,6 +16,7 @@ namespace {
 
 constexpr char const *kFile = wxTRANSLATE("&File");
 constexpr char const *kEdit = wxTRANSLATE("&Edit");
+// TRANSLATORS: the menu of tools.
 constexpr char const *kTool = wxTRANSLATE("&Tool");
 constexpr char const *kTime = wxTRANSLATE("T&ime");
 constexpr char const *kView = wxTRANSLATE("&View");
@@ -114,6 +115,7 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
       {nullptr, wxTRANSLATE("Zoom in"), "", '=', wxMOD_CONTROL, &F::zoomIn, &F::hasMedia, nullptr},
       {kView, wxTRANSLATE("Zoom &Out"), "Ctrl+-", 0, 0, &F::zoomOut, &F::hasMedia, nullptr},
       {kView, wxTRANSLATE("&100 %"), "Ctrl+0", 0, 0, &F::zoomToOne, &F::hasMedia, nullptr},
+      // TRANSLATORS: the zoom at which the whole picture is seen.
       {kView, wxTRANSLATE("&Fit"), "Ctrl+1", 0, 0, &F::zoomToFit, &F::hasMedia, nullptr},
       {kView, wxTRANSLATE("&Zoom To..."), "Ctrl+2", 0, 0, &F::zoomTo, &F::hasMedia, nullptr},
       {kView, wxTRANSLATE("Show &Pixels as Squares"), "", 0, 0, &F::togglePixels, &F::always,

@@ -67,7 +67,7 @@ bool MainFrame::pastePicture() {
       showProblem(_("There is no room for the picture beside the other objects."));
     }
   } catch (FileError const &error) {
-    showProblem(TextOfPath(error.what()));
+    showProblem(FileErrorText(error));
   }
   m_session->TakeDocument();
   m_canvas->Refresh();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,8 +27,8 @@ public:
   struct Handlers {
     std::function<void()> onFrameShown;  ///< another frame, or another picture of it
     std::function<void()> onChanged;     ///< the document, its file, or whether it is saved
-    /// Recovery does not work; one line. May come from another thread.
-    std::function<void(std::string const &)> onRecoveryFailure;
+    /// Recovery does not work, for what was thrown. May come from another thread.
+    std::function<void(std::exception_ptr const &)> onRecoveryFailure;
   };
 
   /// `recoveryFolder` is empty for a session without recovery.

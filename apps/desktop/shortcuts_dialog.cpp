@@ -37,6 +37,7 @@ int WidthOf(wxWindow const &table, wxString const &title, std::vector<Shortcut> 
 
 wxDataViewListCtrl *MakeTable(wxWindow *parent, std::vector<Shortcut> const &shortcuts) {
   auto *const table = new wxDataViewListCtrl(parent, wxID_ANY);  // owned by its parent
+  // TRANSLATORS: headings of a table: the menu, the keys.
   wxString const group = wxGetTranslation("Where");
   wxString const keys = wxGetTranslation("Keys");
   wxString const what = wxGetTranslation("What they do");

@@ -172,6 +172,7 @@ void Timeline::showToolTip(int index) {
     std::int64_t const last = m_layout.FrameCount() - 1;
     return TimeText(m_secondsOf(std::min(std::max<std::int64_t>(frame, 0), last)));
   };
+  // TRANSLATORS: first and last frame, first and last time.
   SetToolTip(wxString::Format(wxGetTranslation("Frames %s to %s, %s to %s"),
                               std::to_string(shown.first), std::to_string(shown.last),
                               secondsOf(shown.first), secondsOf(shown.last)));

@@ -24,6 +24,8 @@ constexpr char const *kLast = "M11 3h2v10h-2z M3 3v10l7-5z";
 TransportBar::TransportBar(wxWindow *parent, Actions const &actions) : wxPanel(parent) {
   auto *const sizer = new wxBoxSizer(wxHORIZONTAL);  // owned by this window
   SetSizer(sizer);
+  // Time runs as on the timeline below, in every language.
+  SetLayoutDirection(wxLayout_LeftToRight);
   add(kFirst, _("First frame"), actions.toFirst);
   add(kBack, _("Previous frame"), actions.stepBack);
   m_play = add(kPlay, _("Play"), actions.play);
@@ -34,7 +36,7 @@ TransportBar::TransportBar(wxWindow *parent, Actions const &actions) : wxPanel(p
   m_position = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, kStyle);
   m_position->SetName(_("Position"));
   m_position->SetBackgroundColour(GetBackgroundColour());
-  sizer->Add(m_position, 1, wxALIGN_CENTRE_VERTICAL | wxLEFT, FromDIP(8));
+  sizer->Add(m_position, 1, wxALIGN_CENTRE_VERTICAL | wxLEFT | wxRIGHT, FromDIP(8));
 }
 
 wxBitmapButton *TransportBar::add(char const *path, wxString const &name,

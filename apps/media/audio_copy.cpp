@@ -9,6 +9,8 @@
 #include <system_error>
 #include <utility>
 
+#include <wx/translation.h>
+
 extern "C" {
 #include <libavutil/intreadwrite.h>
 #include <libavutil/mathematics.h>
@@ -113,7 +115,7 @@ void AudioCopy::FindTracks() {
     stream.discard = AVDISCARD_ALL;
     if (!IsAudio(stream)) continue;
     if (stream.codecpar->sample_rate <= 0) {
-      throw MediaError(MediaProblem::Damaged, m_path, "audio without a sample rate");
+      throw MediaError(MediaProblem::Damaged, m_path, wxTRANSLATE("audio without a sample rate"));
     }
     stream.discard = AVDISCARD_DEFAULT;
     Track track;
@@ -166,8 +168,9 @@ void AudioCopy::AddStreams(AVFormatContext &output, std::string const &path) {
     AVCodecParameters const &source = *m_source->streams[track.source]->codecpar;
     if (avformat_query_codec(output.oformat, source.codec_id, FF_COMPLIANCE_NORMAL) == 0) {
       throw MediaError(MediaProblem::Unsupported, path,
-                       std::string("audio ") + avcodec_get_name(source.codec_id) + " in " +
-                           output.oformat->name);
+                       // TRANSLATORS: a codec and a container, such as "audio vorbis in mp4".
+                       Message(wxTRANSLATE("audio %s in %s"),
+                               {avcodec_get_name(source.codec_id), output.oformat->name}));
     }
     AVStream *const stream = avformat_new_stream(&output, nullptr);
     if (!stream || avcodec_parameters_copy(stream->codecpar, &source) < 0) throw std::bad_alloc();

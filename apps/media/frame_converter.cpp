@@ -6,6 +6,8 @@
 #include <thread>
 #include <utility>
 
+#include <wx/translation.h>
+
 extern "C" {
 #include <libavutil/opt.h>
 }
@@ -129,7 +131,7 @@ void FrameConverter::Prepare(AVFrame const &frame, std::string const &path) {
   int const *coefficients = sws_getCoefficients(matrix);
   if (sws_init_context(scaler, nullptr, nullptr) < 0) {
     char const *name = av_get_pix_fmt_name(format);
-    throw MediaError(MediaProblem::Unsupported, path, name ? name : "pixel format");
+    throw MediaError(MediaProblem::Unsupported, path, name ? name : wxTRANSLATE("pixel format"));
   }
   // Refused where there is no YUV to convert.
   sws_setColorspaceDetails(scaler, coefficients, colours.isFullRange,

@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "media/media_error.h"
 
 namespace {
@@ -52,8 +54,9 @@ void FrameReader::Find(std::int64_t frame) {
     // Frames before it came out, from two beginnings, and it did not: it is not there.
     bool const isGivenUp = keysBack > 0 && m_sawEarlier;
     if (!isFromKey || isGivenUp) {
-      throw MediaError(MediaProblem::Damaged, Path(),
-                       "frame " + std::to_string(frame + 1) + " cannot be decoded");
+      throw MediaError(
+          MediaProblem::Damaged, Path(),
+          Message(wxTRANSLATE("frame %s cannot be decoded"), {std::to_string(frame + 1)}));
     }
   }
 }

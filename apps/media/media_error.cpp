@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/media_error.h"
 
+#include <utility>
+
 namespace {
 
 char const *Cause(MediaProblem problem) {
@@ -33,16 +35,16 @@ char const *Cause(MediaProblem problem) {
   return "unknown problem";
 }
 
-std::string Line(MediaProblem problem, std::string const &path, std::string const &detail) {
+std::string Line(MediaProblem problem, std::string const &path, Message const &detail) {
   std::string line = "'" + path + "': " + Cause(problem);
-  if (!detail.empty()) line += " (" + detail + ")";
+  if (!detail.IsEmpty()) line += " (" + detail.English() + ")";
   return line;
 }
 
 }  // namespace
 
-MediaError::MediaError(MediaProblem problem, std::string const &path, std::string const &detail)
+MediaError::MediaError(MediaProblem problem, std::string const &path, Message detail)
     : std::runtime_error(Line(problem, path, detail)),
       m_problem(problem),
       m_path(path),
-      m_detail(detail) {}
+      m_detail(std::move(detail)) {}

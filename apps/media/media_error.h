@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "media/message.h"
+
 /// What is wrong with a media file.
 enum class MediaProblem {
   NotFound,      ///< no file of that name
@@ -25,15 +27,15 @@ enum class MediaProblem {
 class MediaError : public std::runtime_error {
 public:
   /// `path` and `detail` are UTF-8 or the bytes of the file system; `detail` may be empty.
-  MediaError(MediaProblem problem, std::string const &path, std::string const &detail = {});
+  MediaError(MediaProblem problem, std::string const &path, Message detail = {});
 
   MediaProblem Problem() const { return m_problem; }
   std::string const &Path() const { return m_path; }
-  /// What the system or a decoder said, in its words.
-  std::string const &Detail() const { return m_detail; }
+  /// More about the cause, or what the system or a decoder said, in its words.
+  Message const &Detail() const { return m_detail; }
 
 private:
   MediaProblem m_problem;
   std::string m_path;
-  std::string m_detail;
+  Message m_detail;
 };

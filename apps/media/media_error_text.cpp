@@ -48,6 +48,6 @@ wxString MediaErrorText(MediaError const &error) {
   // Replaced rather than formatted: a translation that loses the place must not read memory.
   wxString text = Sentence(error.Problem());
   text.Replace("%s", Shown(error.Path()), false);
-  if (!error.Detail().empty()) text += " (" + Shown(error.Detail()) + ")";
+  if (!error.Detail().IsEmpty()) text += " (" + Shown(error.Detail().Translated()) + ")";
   return text;
 }

@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include <wx/translation.h>
+
 extern "C" {
 #include <libavutil/opt.h>
 }
@@ -69,12 +71,12 @@ libav::Owned<SwsContext> NewScaler(int width, int height, AVPixelFormat format,
   libav::Owned<SwsContext> scaler = libav::Own(sws_alloc_context());
   if (!SetOptions(*scaler, width, height, format) ||
       sws_init_context(scaler.get(), nullptr, nullptr) < 0) {
-    throw std::invalid_argument("no conversion of this size");
+    throw std::invalid_argument(wxTRANSLATE("no conversion of this size"));
   }
   int const *const coefficients = sws_getCoefficients(matrix);
   if (sws_setColorspaceDetails(scaler.get(), coefficients, 1, coefficients, 0, 0, kUnchanged,
                                kUnchanged) < 0) {
-    throw std::invalid_argument("no conversion with this matrix");
+    throw std::invalid_argument(wxTRANSLATE("no conversion with this matrix"));
   }
   return scaler;
 }

@@ -10,6 +10,7 @@
 #include <wx/imagtiff.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/translation.h>
 
 #include "media/exif_orientation.h"
 #include "media/media_error.h"
@@ -110,14 +111,14 @@ std::unique_ptr<MediaSource> OpenStill(std::string const &path, std::string byte
   std::optional<StillHeader> const header = ReadStillHeader(bytes);
   if (!header) throw MediaError(MediaProblem::Unrecognised, path);
   if (header->width <= 0 || header->height <= 0) {
-    throw MediaError(MediaProblem::Damaged, path, "its header tells no size");
+    throw MediaError(MediaProblem::Damaged, path, wxTRANSLATE("its header tells no size"));
   }
   if (!IsAcceptedSize(header->width, header->height)) {
     throw MediaError(MediaProblem::TooLarge, path);
   }
   bool const isWhole = IsWhole(bytes, *header);
   if (!isWhole && !IsPartDecoded(bytes, *header)) {
-    throw MediaError(MediaProblem::Damaged, path, "its end is missing");
+    throw MediaError(MediaProblem::Damaged, path, wxTRANSLATE("its end is missing"));
   }
   PictureTurn const turn = TurnOfExif(ExifOrientation(bytes));
   HideOrientation(bytes, *header);

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include <wx/translation.h>
+
 extern "C" {
 #include <libavutil/opt.h>
 #include <libavutil/rational.h>
@@ -62,7 +64,8 @@ ColourTags const *FindTags(std::string const &matrix) {
 ColourTags const &TagsOf(VideoSettings const &settings, std::string const &path) {
   ColourTags const *const found = FindTags(settings.colourMatrix);
   if (found == nullptr) {
-    throw MediaError(MediaProblem::Unsupported, path, "colour matrix " + settings.colourMatrix);
+    throw MediaError(MediaProblem::Unsupported, path,
+                     Message(wxTRANSLATE("colour matrix %s"), {settings.colourMatrix}));
   }
   return *found;
 }
@@ -77,7 +80,7 @@ AVRational ExactTimeBase(Rational const &value, std::string const &path) {
   assert(value.numerator > 0 && value.denominator > 0);
   AVRational result{0, 1};
   if (!av_reduce(&result.num, &result.den, value.numerator, value.denominator, INT_MAX)) {
-    throw MediaError(MediaProblem::Unsupported, path, "time base");
+    throw MediaError(MediaProblem::Unsupported, path, wxTRANSLATE("time base"));
   }
   return result;
 }
@@ -100,7 +103,8 @@ libav::Owned<AVCodecContext> NewContext(VideoSettings const &settings, std::stri
                                                 : avcodec_find_encoder(AV_CODEC_ID_FFV1);
   if (!codec) {
     throw MediaError(MediaProblem::Unsupported, path,
-                     IsH264(settings) ? "no encoder for H.264" : "no encoder for FFV1");
+                     IsH264(settings) ? wxTRANSLATE("no encoder for H.264")
+                                      : wxTRANSLATE("no encoder for FFV1"));
   }
   return libav::Own(avcodec_alloc_context3(codec));
 }
@@ -150,7 +154,8 @@ void VideoEncoder::Configure(VideoSettings const &settings) {
 
 void VideoEncoder::ConfigureFFV1() {
   if (std::min(m_context->width, m_context->height) < kFFV1LeastSize) {
-    throw MediaError(MediaProblem::Unsupported, m_path, "FFV1 of less than 2 x 2 pixels");
+    throw MediaError(MediaProblem::Unsupported, m_path,
+                     wxTRANSLATE("FFV1 of less than 2 x 2 pixels"));
   }
   m_context->pix_fmt = AV_PIX_FMT_0RGB32;
   m_context->colorspace = AVCOL_SPC_RGB;

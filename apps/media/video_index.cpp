@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "media/libav.h"
 #include "media/media_error.h"
 #include "media/media_input.h"
@@ -38,7 +40,8 @@ void Report(Progress const &progress, double done, std::string const &path) {
 }
 
 void RequireRoom(std::size_t count, std::string const &path) {
-  if (count >= kMostFrames) throw MediaError(MediaProblem::TooLarge, path, "too many frames");
+  if (count >= kMostFrames)
+    throw MediaError(MediaProblem::TooLarge, path, wxTRANSLATE("too many frames"));
 }
 
 /// The packets whose frames are shown; nothing if one of them has no time stamp.
@@ -114,7 +117,8 @@ bool AgreesWithDecoder(VideoIndex &index, VideoDecoder &decoder, std::string con
     decoder.Restart();
     decoded = decoder.Next();
   }
-  if (!decoded) throw MediaError(MediaProblem::Damaged, path, "no frame can be decoded");
+  if (!decoded)
+    throw MediaError(MediaProblem::Damaged, path, wxTRANSLATE("no frame can be decoded"));
   std::int64_t const first = index.FrameOf(decoded->frame->best_effort_timestamp);
   if (first < 0) return false;
   DropLeading(index, first);
@@ -174,7 +178,7 @@ VideoIndex IndexByDecoding(std::string const &path, VideoDecoder &decoder,
     timeStamps = DecodeTimes(path, decoder, progress, duration);
   }
   if (!timeStamps || timeStamps->empty()) {
-    throw MediaError(MediaProblem::Damaged, path, "no frame can be decoded");
+    throw MediaError(MediaProblem::Damaged, path, wxTRANSLATE("no frame can be decoded"));
   }
   VideoIndex index;
   index.timeBase = libav::ToRational(decoder.Input().Video().time_base);
@@ -209,7 +213,7 @@ VideoIndex BuildVideoIndex(std::string const &path, VideoDecoder &decoder,
                            Progress const &progress) {
   std::optional<std::vector<Entry>> entries = ReadEntries(path, progress);
   if (entries && entries->empty()) {
-    throw MediaError(MediaProblem::Damaged, path, "no frame in it");
+    throw MediaError(MediaProblem::Damaged, path, wxTRANSLATE("no frame in it"));
   }
   std::optional<VideoIndex> index;
   if (entries && SortByTime(*entries)) {

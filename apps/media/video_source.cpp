@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "media/frame_converter.h"
 #include "media/frame_reader.h"
 #include "media/index_store.h"
@@ -132,7 +134,8 @@ std::unique_ptr<MediaSource> OpenVideo(std::string const &path, FileStamp const 
   auto decoder = std::make_unique<VideoDecoder>(path);
   AVCodecParameters const &parameters = *decoder->Input().Video().codecpar;
   if (parameters.width <= 0 || parameters.height <= 0) {
-    throw MediaError(MediaProblem::Damaged, path, "the size of its pictures is not known");
+    throw MediaError(MediaProblem::Damaged, path,
+                     wxTRANSLATE("the size of its pictures is not known"));
   }
   int const width = parameters.width;
   int const height = parameters.height;

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <vector>
 
+#include <wx/translation.h>
+
 extern "C" {
 #include <libavutil/mathematics.h>
 }
@@ -49,10 +51,12 @@ Container const &ContainerOf(std::string const &name, VideoCodec codec, std::str
       std::find_if(std::begin(kContainers), std::end(kContainers),
                    [&](Container const &container) { return extension == container.extension; });
   if (found == std::end(kContainers)) {
-    throw MediaError(MediaProblem::Unsupported, path, "container " + extension);
+    throw MediaError(MediaProblem::Unsupported, path,
+                     Message(wxTRANSLATE("container %s"), {extension}));
   }
   if (codec == VideoCodec::FFV1 && !found->takesFFV1) {
-    throw MediaError(MediaProblem::Unsupported, path, std::string("FFV1 in ") + found->format);
+    throw MediaError(MediaProblem::Unsupported, path,
+                     Message(wxTRANSLATE("FFV1 in %s"), {found->format}));
   }
   return *found;
 }
@@ -60,7 +64,7 @@ Container const &ContainerOf(std::string const &name, VideoCodec codec, std::str
 void RefuseOverwritingSource(std::string const &path, std::string const &source) {
   std::error_code error;
   if (!source.empty() && std::filesystem::equivalent(path, source, error)) {
-    throw MediaError(MediaProblem::WriteFailed, path, "it is the source");
+    throw MediaError(MediaProblem::WriteFailed, path, wxTRANSLATE("it is the source"));
   }
 }
 
@@ -208,7 +212,8 @@ void LibavVideoWriter::CheckDistance(AVPacket const &packet) const {
   std::int64_t const last = m_lastTimes[0];
   bool const isFar = last != AV_NOPTS_VALUE && packet.pts - last > INT_MAX;
   if (m_container.hasTimescale && (isFar || packet.duration > INT_MAX)) {
-    throw MediaError(MediaProblem::Unsupported, m_path, "a frame stands too long for MP4");
+    throw MediaError(MediaProblem::Unsupported, m_path,
+                     wxTRANSLATE("a frame stands too long for MP4"));
   }
 }
 

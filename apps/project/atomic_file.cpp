@@ -3,6 +3,8 @@
 
 #include <system_error>
 
+#include <wx/translation.h>
+
 #include "project/file_error.h"
 
 namespace {
@@ -26,13 +28,14 @@ std::string WithoutLinks(std::string const &path) {
     if (error) throw FileError(path, error.message());
     target = target.parent_path() / next;  // an absolute path replaces what is before it
   }
-  throw FileError(path, "too many symbolic links");
+  throw FileError(path, wxTRANSLATE("too many symbolic links"));
 }
 
 fs::file_status StatusOf(std::string const &path) {
   std::error_code error;
   fs::file_status const status = fs::status(path, error);
-  if (fs::exists(status) && !fs::is_regular_file(status)) throw FileError(path, "not a file");
+  if (fs::exists(status) && !fs::is_regular_file(status))
+    throw FileError(path, wxTRANSLATE("not a file"));
   if (!fs::status_known(status)) throw FileError(path, error.message());
   return status;
 }

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "media/media_error.h"
 #include "project/atomic_file.h"
 #include "project/burn_report.h"
@@ -17,15 +19,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char const *kSource = "the source, which is never written to";
-constexpr char const *kDocument = "the document, which is never written to";
+constexpr char const *kSource = wxTRANSLATE("'%s' is the source, which is never written to");
+constexpr char const *kDocument = wxTRANSLATE("'%s' is the document, which is never written to");
+constexpr char const *kOutput = wxTRANSLATE("'%s' is the output too");
+
+std::invalid_argument Refusal(Message const &why) {
+  return std::invalid_argument(why.Translated());
+}
 
 /// No file is written where another one is that the job reads or writes.
-void RefuseSame(std::string const &path, std::string const &other, char const *what) {
+void RefuseSame(std::string const &path, std::string const &other, char const *why) {
   if (path.empty() || other.empty()) return;
   std::error_code none;  // a file that is not there yet is no other one, unless by its name
   if (path != other && !fs::equivalent(path, other, none)) return;
-  throw std::invalid_argument("'" + path + "' is " + what);
+  throw Refusal({why, {path}});
 }
 
 void CheckNames(MediaSource const &source, BurnSettings const &settings) {
@@ -35,7 +42,7 @@ void CheckNames(MediaSource const &source, BurnSettings const &settings) {
     std::string const path = isMany ? OutputPathOf(settings.output, frame) : settings.output;
     RefuseSame(path, source.Path(), kSource);
     RefuseSame(path, settings.documentFile, kDocument);
-    RefuseSame(settings.report, path, "the output too");
+    RefuseSame(settings.report, path, kOutput);
   }
   RefuseSame(settings.report, source.Path(), kSource);
   RefuseSame(settings.report, settings.documentFile, kDocument);
@@ -45,18 +52,20 @@ void CheckSettings(MediaSource const &source, BurnSettings const &settings) {
   FrameRange const &range = settings.range;
   std::int64_t const count = source.Info().frameCount;
   if (range.first < 0 || range.last < range.first || range.last >= count) {
-    throw std::invalid_argument("frames " + std::to_string(range.first) + " to " +
-                                std::to_string(range.last) + " are not within the " +
-                                std::to_string(count) + " of '" + source.Path() + "'");
+    // TRANSLATORS: numbers of frames: the first, the last, how many there are; a file.
+    throw Refusal({wxTRANSLATE("frames %s to %s are not within the %s of '%s'"),
+                   {std::to_string(range.first), std::to_string(range.last), std::to_string(count),
+                    source.Path()}});
   }
   BurnOutput const kind = BurnOutputOf(settings.output);
   if (kind == BurnOutput::Picture && range.Count() > 1) {
-    throw std::invalid_argument("'" + settings.output +
-                                "' is one picture; several want a number's place, as %06d");
+    // TRANSLATORS: "%%06d" stands in the name of a file and stays as it is.
+    throw Refusal({wxTRANSLATE("'%s' is one picture; several want a number's place, as %%06d"),
+                   {settings.output}});
   }
   if (kind == BurnOutput::Video && settings.codec == VideoCodec::FFV1 &&
       !IsMatroska(settings.output)) {
-    throw std::invalid_argument("'" + settings.output + "' cannot hold FFV1; .mkv can");
+    throw Refusal({wxTRANSLATE("'%s' cannot hold FFV1; .mkv can"), {settings.output}});
   }
   CheckNames(source, settings);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "media/media_source.h"
+#include "media/message.h"
 #include "media/video_writer.h"
 #include "project/frame_burner.h"
 #include "project/frame_pipeline.h"
@@ -35,15 +36,16 @@ struct BurnProgress {
 struct BurnResult {
   std::string source;                       ///< the path of what was burnt into
   std::vector<std::int64_t> damagedFrames;  ///< that the decoder had to make up in part
-  std::string problem;  ///< what of the source the output lacks, in English; empty: nothing
-  wxJSONValue report;   ///< null if none was asked for
+  Message problem;                          ///< what of the source the output lacks; empty: nothing
+  wxJSONValue report;                       ///< null if none was asked for
 };
 
 /// Burns the annotations of `document` into frames of `source` and writes the output, whole or not
 /// at all: it gets its name when it is complete, and the report its own right before that.
 /// `progress` is called after each frame, and with all frames done again and again while files are
 /// summed up for the report; false stops. Belongs to the GUI thread.
-/// Throws MediaError (Cancelled if it was stopped), FileError, and std::invalid_argument for an
+/// Throws MediaError (Cancelled if it was stopped), FileError, and std::invalid_argument, whose
+/// what() is in the user's language, for an
 /// output of unknown kind or of a codec that it cannot hold, a range outside the source, or an
 /// output or a report that is the source or the document itself, or the other one. REQUIRES:
 /// `source` reads the frames for this job alone while it runs.

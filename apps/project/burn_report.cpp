@@ -71,7 +71,9 @@ wxJSONValue BurnReport::ToJSON(AnnotationTool const &tool, BurnResult const &res
   wxJSONValue damaged(wxJSONTYPE_ARRAY);
   for (std::int64_t const frame : result.damagedFrames) damaged.Append(Number(frame));
   report.Set("damagedFrames", damaged);
-  if (!result.problem.empty()) report.Set("problem", wxString::FromUTF8(result.problem));
+  if (!result.problem.IsEmpty()) {
+    report.Set("problem", wxString::FromUTF8(result.problem.English()));
+  }
   addRegions(tool, report);
   return report;
 }
@@ -147,7 +149,7 @@ void BurnReport::addRegions(AnnotationTool const &tool, wxJSONValue &report) con
   report.Set("hideRegions", regions);
   wxJSONValue gaps(wxJSONTYPE_ARRAY);
   for (RegionGap const &gap : FindRegionGaps(tool, range)) {
-    gaps.Append(wxJSONValue(RegionGapText(gap)));
+    gaps.Append(wxJSONValue(wxString::FromUTF8(RegionGapMessage(gap).English())));
   }
   report.Set("warnings", gaps);
 }

@@ -4,17 +4,24 @@
 #include <stdexcept>
 #include <string>
 
-/// Why a file could not be written; what() is one line that names the file and the cause.
+#include <wx/string.h>
+
+#include "media/message.h"
+
+/// Why a file could not be written. what() is one line of English that names the file and the
+/// cause; FileErrorText gives the user's language.
 class FileError : public std::runtime_error {
 public:
-  /// `path` is in the file system's bytes, `cause` what the system said.
-  FileError(std::string const &path, std::string const &cause)
-      : std::runtime_error("'" + path + "': " + cause), m_path(path), m_cause(cause) {}
+  /// `path` is in the file system's bytes, `cause` may be what the system said.
+  FileError(std::string const &path, Message cause);
 
   std::string const &Path() const { return m_path; }
-  std::string const &Cause() const { return m_cause; }
+  Message const &Cause() const { return m_cause; }
 
 private:
   std::string m_path;
-  std::string m_cause;
+  Message m_cause;
 };
+
+/// A sentence for the user that names the file and the cause.
+wxString FileErrorText(FileError const &error);

@@ -9,6 +9,7 @@
 
 #include <wx/image.h>
 #include <wx/mstream.h>
+#include <wx/translation.h>
 
 #include "media/media_error.h"
 #include "project/atomic_file.h"
@@ -52,7 +53,7 @@ private:
                         const_cast<unsigned char *>(picture.Pixels()), true);
     wxMemoryOutputStream stream;
     if (!image.SaveFile(stream, PictureTypeOf(path))) {
-      throw MediaError(MediaProblem::WriteFailed, path, "cannot be encoded");
+      throw MediaError(MediaProblem::WriteFailed, path, wxTRANSLATE("cannot be encoded"));
     }
     std::string bytes(stream.GetSize(), '\0');
     stream.CopyTo(bytes.data(), bytes.size());
@@ -73,7 +74,8 @@ public:
     underItsName([&] {
       if (!m_writer) start(picture);
       if (wxSize(picture.Width(), picture.Height()) != m_size) {
-        throw MediaError(MediaProblem::Unsupported, m_settings.output, "pictures of two sizes");
+        throw MediaError(MediaProblem::Unsupported, m_settings.output,
+                         wxTRANSLATE("pictures of two sizes"));
       }
       m_writer->Write(picture, m_source.TimeStamp(frame), m_source.Duration(frame));
     });
@@ -82,13 +84,15 @@ public:
   std::vector<OutputFile> Complete() override {
     underItsName([&] { m_writer->Finish(); });
     std::string const audio = m_writer->AudioProblem();
-    if (!audio.empty()) m_problem = "some of its sound is missing or damaged (" + audio + ")";
+    if (!audio.empty()) {
+      m_problem = Message(wxTRANSLATE("some of its sound is missing or damaged (%s)"), {audio});
+    }
     m_writer.reset();
     m_file.CloseOnDisk();
     return {{m_file.TemporaryPath(), m_settings.output}};
   }
 
-  std::string Problem() const override { return m_problem; }
+  Message Problem() const override { return m_problem; }
 
   void Publish() override { m_file.Commit(); }
 
@@ -147,7 +151,7 @@ private:
   AtomicFile m_file;
   std::unique_ptr<VideoWriter> m_writer;
   wxSize m_size;
-  std::string m_problem;
+  Message m_problem;
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "media/media_source.h"
+#include "media/message.h"
 #include "project/burn_job.h"
 
 /// A file of an output: where it is for now, and what it will be called.
@@ -27,9 +28,8 @@ public:
   virtual void Write(std::int64_t frame, Picture const &picture) = 0;
   /// Completes the files, and returns them in the frames' order. REQUIRES: a frame was written.
   virtual std::vector<OutputFile> Complete() = 0;
-  /// What of the source the output should have and lacks, in English; empty if nothing. For after
-  /// Complete.
-  virtual std::string Problem() const { return {}; }
+  /// What of the source the output should have and lacks; empty if nothing. For after Complete.
+  virtual Message Problem() const { return {}; }
   /// Gives them their names. REQUIRES: Complete has returned.
   virtual void Publish() = 0;
 };

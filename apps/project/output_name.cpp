@@ -6,6 +6,10 @@
 #include <filesystem>
 #include <optional>
 
+#include <wx/translation.h>
+
+#include "media/message.h"
+
 namespace {
 
 std::string ExtensionOf(std::string const &path) {
@@ -45,7 +49,9 @@ BurnOutput BurnOutputOf(std::string const &path) {
 }
 
 std::string UnknownOutputText(std::string const &path) {
-  return "output '" + path + "' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov";
+  char const *const text =
+      wxTRANSLATE("output '%s' is of no known kind: .png, .jpg, .bmp, .tif, .mkv, .mp4 or .mov");
+  return Message(text, {path}).Translated();
 }
 
 bool IsMatroska(std::string const &path) {

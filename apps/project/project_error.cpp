@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "project/project_error.h"
 
+#include <utility>
+
 #include <wx/translation.h>
 
 #include "project/path_text.h"
@@ -31,9 +33,9 @@ char const *Cause(ProjectProblem problem) {
   return "unknown problem";
 }
 
-std::string Line(ProjectProblem problem, std::string const &path, std::string const &detail) {
+std::string Line(ProjectProblem problem, std::string const &path, Message const &detail) {
   std::string line = "'" + path + "': " + Cause(problem);
-  if (!detail.empty()) line += " (" + detail + ")";
+  if (!detail.IsEmpty()) line += " (" + detail.English() + ")";
   return line;
 }
 
@@ -64,14 +66,14 @@ wxString Sentence(ProjectProblem problem) {
 
 }  // namespace
 
-ProjectError::ProjectError(ProjectProblem problem, std::string const &path,
-                           std::string const &detail)
+ProjectError::ProjectError(ProjectProblem problem, std::string const &path, Message detail)
     : std::runtime_error(Line(problem, path, detail)),
       m_problem(problem),
       m_path(path),
-      m_detail(detail) {}
+      m_detail(std::move(detail)) {}
 
 wxString ProjectErrorText(ProjectError const &error) {
   wxString const text = wxString::Format(Sentence(error.Problem()), TextOfPath(error.Path()));
-  return error.Detail().empty() ? text : text + " (" + TextOfPath(error.Detail()) + ")";
+  if (error.Detail().IsEmpty()) return text;
+  return text + " (" + TextOfPath(error.Detail().Translated()) + ")";
 }

@@ -6,6 +6,8 @@
 
 #include <wx/string.h>
 
+#include "media/message.h"
+
 /// What is wrong with a project or a document.
 enum class ProjectProblem {
   NotFound,      ///< no file of that name
@@ -24,17 +26,17 @@ enum class ProjectProblem {
 class ProjectError : public std::runtime_error {
 public:
   /// `path` is in the bytes of the file system; `detail` may be empty.
-  ProjectError(ProjectProblem problem, std::string const &path, std::string const &detail = {});
+  ProjectError(ProjectProblem problem, std::string const &path, Message detail = {});
 
   ProjectProblem Problem() const { return m_problem; }
   std::string const &Path() const { return m_path; }
-  /// What the system said, in its words.
-  std::string const &Detail() const { return m_detail; }
+  /// More about the cause, or what the system said, in its words.
+  Message const &Detail() const { return m_detail; }
 
 private:
   ProjectProblem m_problem;
   std::string m_path;
-  std::string m_detail;
+  Message m_detail;
 };
 
 /// A sentence for the user that names the file and the cause.

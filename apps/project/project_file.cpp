@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "framenote/annotation_events.h"
 #include "project/atomic_file.h"
 #include "project/file_error.h"
@@ -80,12 +82,13 @@ bool IsProject(wxJSONValue const &json) {
 void RefuseNewer(wxJSONValue const &json, std::string const &path) {
   wxJSONValue const version = json.ItemAt("formatVersion");
   if (!version.IsInt() || version.AsInt64() < 1) {
-    throw ProjectError(ProjectProblem::NotAProject, path, "no version of the format");
+    throw ProjectError(ProjectProblem::NotAProject, path, wxTRANSLATE("no version of the format"));
   }
   if (version.AsInt64() <= kFormatVersion) return;
   throw ProjectError(ProjectProblem::NewerVersion, path,
-                     "format " + std::to_string(version.AsInt64()) + ", known up to " +
-                         std::to_string(kFormatVersion));
+                     // TRANSLATORS: numbers of the format's versions.
+                     Message(wxTRANSLATE("format %s, known up to %s"),
+                             {std::to_string(version.AsInt64()), std::to_string(kFormatVersion)}));
 }
 
 wxJSONValue DocumentIn(wxJSONValue const &json, std::string const &path) {

@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+#include <wx/translation.h>
+
 #include "project/atomic_file.h"
 #include "project/file_error.h"
 #include "project/path_text.h"
@@ -107,9 +109,9 @@ RecoverySession::RecoverySession(std::string const &folder, FailureHandler onFai
     : m_onFailure(std::move(onFailure)) {
   try {
     begin(folder);
-  } catch (std::exception const &error) {
+  } catch (std::exception const &) {
     m_lock.reset();
-    fail(error.what());
+    fail(std::current_exception());
   }
 }
 
@@ -126,7 +128,8 @@ RecoverySession::~RecoverySession() {
 }
 
 void RecoverySession::begin(std::string const &folder) {
-  if (folder.empty()) throw FileError(folder, "the user has no folder for recovery files");
+  if (folder.empty())
+    throw FileError(folder, wxTRANSLATE("the user has no folder for recovery files"));
   MakeFolder(folder);
   m_path = (fs::path(folder) / (SessionName() + kExtension)).string();
   m_lockPath = LockPathOf(m_path);
@@ -182,9 +185,9 @@ void RecoverySession::run() {
     bool hasFailed = false;
     try {
       perform(task);
-    } catch (std::exception const &error) {
+    } catch (std::exception const &) {
       hasFailed = true;
-      fail(error.what());
+      fail(std::current_exception());
     }
     lock.lock();
     m_isBehind = hasFailed;
@@ -212,12 +215,12 @@ void RecoverySession::perform(Task const &task) {
   file.Commit();
 }
 
-void RecoverySession::fail(std::string const &line) {
+void RecoverySession::fail(std::exception_ptr const &failure) {
   {
     std::lock_guard<std::mutex> const lock(m_mutex);
     if (std::exchange(m_hasToldFailure, true)) return;
   }
-  if (m_onFailure) m_onFailure(line);
+  if (m_onFailure) m_onFailure(failure);
 }
 
 std::vector<RecoveryOrphan> FindOrphans(std::string const &folder) {

@@ -3,6 +3,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -28,9 +29,9 @@ std::string RecoveryFolder();
 /// own. Nothing throws: a failure is told once, and the session goes on without recovery.
 class RecoverySession {
 public:
-  /// Gets one line in English that names the file and the cause. Called at most once, from
-  /// the constructor or from the thread that writes.
-  using FailureHandler = std::function<void(std::string const &)>;
+  /// Gets what was thrown. Called at most once, from the constructor or from the thread that
+  /// writes.
+  using FailureHandler = std::function<void(std::exception_ptr const &)>;
 
   /// Makes `folder` if it is not there. No file is written before Store.
   RecoverySession(std::string const &folder, FailureHandler onFailure);
@@ -65,7 +66,7 @@ private:
   void give(Task task);
   void run();
   void perform(Task const &task);
-  void fail(std::string const &line);
+  void fail(std::exception_ptr const &failure);
 
   std::string m_path;
   std::string m_lockPath;

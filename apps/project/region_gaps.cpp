@@ -184,27 +184,23 @@ void AddHoles(std::vector<RegionGap> &gaps, Region const &ending, Region const &
   }
 }
 
-wxString NumberText(std::int64_t number) {
-  return wxString::FromUTF8(std::to_string(number));
-}
-
-/// The sentence, with "%s" for the object, the first and the last frame.
-wxString Sentence(RegionGapKind kind) {
+/// The sentence, with "%s" for the object, of a hole the next one, the first and the last frame.
+char const *Sentence(RegionGapKind kind) {
   switch (kind) {
     case RegionGapKind::Hole:
-      break;
+      return wxTRANSLATE("Nothing is hidden between object %s and object %s, in frames %s to %s.");
     case RegionGapKind::NoRecord:
-      return wxGetTranslation("Object %s has no place in frames %s to %s.");
+      return wxTRANSLATE("Object %s has no place in frames %s to %s.");
     case RegionGapKind::Jump:
-      return wxGetTranslation("Object %s jumps farther than its own size in frames %s to %s.");
+      return wxTRANSLATE("Object %s jumps farther than its own size in frames %s to %s.");
     case RegionGapKind::PartlyOutside:
-      return wxGetTranslation("Object %s lies partly outside the picture in frames %s to %s.");
+      return wxTRANSLATE("Object %s lies partly outside the picture in frames %s to %s.");
     case RegionGapKind::Outside:
-      return wxGetTranslation("Object %s lies outside the picture in frames %s to %s.");
+      return wxTRANSLATE("Object %s lies outside the picture in frames %s to %s.");
     case RegionGapKind::NoEffect:
-      return wxGetTranslation("Object %s hides nothing in frames %s to %s: unknown effect.");
+      return wxTRANSLATE("Object %s hides nothing in frames %s to %s: unknown effect.");
   }
-  return "%s: %s - %s";
+  return "";
 }
 
 }  // namespace
@@ -223,16 +219,16 @@ std::vector<RegionGap> FindRegionGaps(AnnotationTool const &tool, ExportRange co
   return gaps;
 }
 
+Message RegionGapMessage(RegionGap const &gap) {
+  std::vector<std::string> values = {std::to_string(gap.object + 1)};
+  if (gap.kind == RegionGapKind::Hole) values.push_back(std::to_string(gap.nextObject + 1));
+  values.push_back(std::to_string(gap.first));
+  values.push_back(std::to_string(gap.last));
+  return {Sentence(gap.kind), values};
+}
+
 wxString RegionGapText(RegionGap const &gap) {
-  wxString const object = NumberText(gap.object + 1);
-  wxString const first = NumberText(gap.first);
-  wxString const last = NumberText(gap.last);
-  if (gap.kind != RegionGapKind::Hole) {
-    return wxString::Format(Sentence(gap.kind), object, first, last);
-  }
-  return wxString::Format(
-      wxGetTranslation("Nothing is hidden between object %s and object %s, in frames %s to %s."),
-      object, NumberText(gap.nextObject + 1), first, last);
+  return wxString::FromUTF8(RegionGapMessage(gap).Translated());
 }
 
 std::vector<RegionCoverage> FramesCovered(AnnotationTool const &tool, ExportRange const &range) {

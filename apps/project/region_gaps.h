@@ -8,6 +8,8 @@
 #include <wx/gdicmn.h>
 #include <wx/string.h>
 
+#include "media/message.h"
+
 class AnnotationTool;
 
 /// Where hide regions may leave bare what they are to hide; to be shown before an export.
@@ -43,8 +45,9 @@ struct RegionGap {
 /// taken as meant, and so are frames that another region covers at that place.
 std::vector<RegionGap> FindRegionGaps(AnnotationTool const &tool, ExportRange const &range);
 
-/// A line for the user; objects and frames with the numbers that they have in the gap, objects from
-/// 1 on.
+/// A sentence about it; frames with the numbers that they have in the gap, objects from 1 on.
+Message RegionGapMessage(RegionGap const &gap);
+/// The same for the user.
 wxString RegionGapText(RegionGap const &gap);
 
 struct RegionCoverage {

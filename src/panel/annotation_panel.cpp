@@ -73,6 +73,8 @@ bool AnnotationPanel::Create(wxWindow *parent, std::shared_ptr<AnnotationTool> t
                      {wxTRANSLATE("Pencil"), Types::Pencil, CreatePencilPropertiesPanel()},
                      {wxTRANSLATE("Text"), Types::Text, CreateTextPropertiesPanel()},
                      {wxTRANSLATE("Image"), Types::Image, CreateImagePropertiesPanel()},
+                     // TRANSLATORS: the tool that makes regions unrecognisable (redaction); "Hide
+                     // All" is something else: it switches the showing of all annotations off.
                      {wxTRANSLATE("Hide"), Types::Hide, CreateHidePropertiesPanel()},
                      {wxTRANSLATE("Magnify"), Types::Magnify, CreateMagnifyPropertiesPanel()},
                      {wxTRANSLATE("General"), Types::General, CreateGeneralPanel()}};

@@ -59,6 +59,7 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
       page, 32, wxTRANSLATE("Keep Aspect Ratio"), [record] { return record->GetKeepAspectRatio(); },
       [record](bool value) { record->SetKeepAspectRatio(value); });
   wxOwnerDrawnComboBox *const colours =
+      // TRANSLATORS: the colour of a pasted picture that is treated as transparent.
       makeList(page, 33, {wxTRANSLATE("None"), wxTRANSLATE("White"), wxTRANSLATE("Black")},
                [record] { return record->GetTransparentColor(); });
   colours->Bind(wxEVT_COMBOBOX, [this, colours, record](wxCommandEvent &) {

@@ -21,14 +21,19 @@ using LabelList = std::vector<char const *>;
 
 // In the order of the enumerations.
 LabelList const kShapeLabels = {wxTRANSLATE("Rectangle"), wxTRANSLATE("Ellipse")};
+// TRANSLATORS: what an arrow ends in: a head, or nothing.
 LabelList const kHeadLabels = {wxTRANSLATE("Arrow"), wxTRANSLATE("Line")};
+// TRANSLATORS: where text stands in its box; "Middle" is the vertical one.
 LabelList const kHorizontalAlignmentLabels = {wxTRANSLATE("Left"), wxTRANSLATE("Center"),
                                               wxTRANSLATE("Right")};
 LabelList const kVerticalAlignmentLabels = {wxTRANSLATE("Top"), wxTRANSLATE("Middle"),
                                             wxTRANSLATE("Bottom")};
 LabelList const kEffectLabels = {wxTRANSLATE("Blur"), wxTRANSLATE("Pixelation")};
+// TRANSLATORS: methods of interpolation, as image editors call them.
 LabelList const kZoomMethodLabels = {wxTRANSLATE("Nearest"), wxTRANSLATE("Bilinear"),
                                      wxTRANSLATE("Bicubic"), wxTRANSLATE("Box average")};
+// TRANSLATORS: the border of a magnifier: none, about the lens alone, or also lines from the lens
+// to what it enlarges.
 LabelList const kBorderTypeLabels = {wxTRANSLATE("Transparent"), wxTRANSLATE("Shape only"),
                                      wxTRANSLATE("Point to zoomed area (2 lines)"),
                                      wxTRANSLATE("Point to zoomed area (3 lines)"),
@@ -68,6 +73,7 @@ wxPanel *AnnotationPanel::CreateArrowPropertiesPanel() {
   auto const record = m_tool->GetToolModes().arrow->m_properties;
   Page const page = startPage(Types::Arrow, 0);
   addChoice(
+      // TRANSLATORS: the head of an arrow.
       page, 16, wxTRANSLATE("Head"), kHeadLabels, [record] { return record->GetHead(); },
       [record](int n) { record->SetHead(static_cast<AnnArrowProperties::Head>(n)); });
   addColour(
@@ -129,6 +135,7 @@ wxPanel *AnnotationPanel::CreateHidePropertiesPanel() {
       page, 34, wxTRANSLATE("Effect"), kEffectLabels, [record] { return record->GetEffect(); },
       [record](int n) { record->SetEffect(static_cast<AnnHideProperties::Effect>(n)); });
   addSlider(
+      // TRANSLATORS: of blur or pixelation.
       page, 35, wxTRANSLATE("Strength"), {1.0, AnnHideProperties::m_maxStrength, 1.0},
       [record] { return record->GetStrength(); }, [record](int n) { record->SetStrength(n); });
   addChoice(
@@ -157,6 +164,7 @@ wxPanel *AnnotationPanel::CreateMagnifyPropertiesPanel() {
                 [record](int n) { record->SetZoom(n * kZoomPerPosition); }),
             0, wxEXPAND, 0);
   wxCheckBox *const fixed = makeCheck(
+      // TRANSLATORS: the part of the picture that a magnifier enlarges keeps its size.
       page, 41, wxTRANSLATE("Fixed source size"), [record] { return record->GetFixedSourceSize(); },
       [record](bool isFixed) { record->SetFixedSourceSize(isFixed); });
   zoom->Add(fixed, 0, framenote::CheckFlags(*fixed), framenote::kRowGap);

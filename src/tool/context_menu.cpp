@@ -30,13 +30,17 @@ constexpr Item kItems[] = {
     {Command::BringForward, wxTRANSLATE("Bring Forward"), Group::Order},
     {Command::SendBackward, wxTRANSLATE("Send Backward"), Group::Order},
     {Command::SendToBack, wxTRANSLATE("Send to Back"), Group::Order},
+    // TRANSLATORS: a pasted picture gets its own size back.
     {Command::ResetToOriginal, wxTRANSLATE("Reset to Original"), Group::Mode},
     {Command::FitToImage, wxTRANSLATE("Fit to Image"), Group::Mode},
+    // TRANSLATORS: a magnifier enlarges what is under it again.
     {Command::DefaultZoomPosition, wxTRANSLATE("Default Zoom Position"), Group::Mode},
+    // TRANSLATORS: in which frames the selected object is there.
     {Command::SetOnlyForThisFrame, wxTRANSLATE("Set Only for This Frame"), Group::Range},
     {Command::SetFromThisFrame, wxTRANSLATE("Set From This Frame"), Group::Range},
     {Command::SetUntilThisFrame, wxTRANSLATE("Set Until This Frame"), Group::Range},
     {Command::SetForAllFrames, wxTRANSLATE("Set for All Frames"), Group::Range},
+    // TRANSLATORS: "%I64d" is a number and stays as it is.
     {Command::GoToFirstFrame, wxTRANSLATE("Go to First Frame (%I64d)"), Group::Jump},
     {Command::GoToLastFrame, wxTRANSLATE("Go to Last Frame (%I64d)"), Group::Jump}};
 

@@ -87,7 +87,7 @@ TEST_F(BurnVideo, SoundIsLeftOutWhereThatIsAsked) {
 
 TEST_F(BurnVideo, SoundThatTheContainerCannotHoldGivesThreeAndSaysSo) {
   Ffmpeg("-f lavfi -i testsrc2=s=160x120:d=0.2 -f lavfi -i sine=d=0.2 -c:a pcm_s16le in.mkv");
-  ExpectFailure(RunProgram(VideoArguments("in.mkv", "out.mp4")), 3, In("out.mp4") + "'");
+  ExpectFailure(RunProgram(VideoArguments("in.mkv", "out.mp4")), 3, In("out.mp4") + "\"");
   EXPECT_EQ(Names(), (Lines{"doc.json", "in.mkv", "in.png"}));
   ExpectSuccess(RunProgram(VideoArguments("in.mkv", "out.mp4", {"--audio=drop"})));
 }

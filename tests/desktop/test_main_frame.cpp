@@ -11,11 +11,15 @@
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
+#include <wx/sizer.h>
+#include <wx/translation.h>
 
 #include <gtest/gtest.h>
 
 #include "desktop/main_frame.h"
 #include "desktop/window_fixture.h"
+#include "framenote/annotation_catalogue.h"
+#include "framenote/annotation_panel.h"
 #include "project/project_file.h"
 #include "project/recovery_store.h"
 
@@ -221,6 +225,21 @@ TEST_F(MainFrameTest, EndedTextLeavesItsTool) {
   Key('Y');
   Key(WXK_ESCAPE);
   EXPECT_EQ(Saved("work.framenote").Size(), 2);
+}
+
+TEST_F(MainFrameTest, PaletteOfLongWordsIsNotCutOff) {
+  for (char const *language : {"ar", "de", "es", "fr", "it", "zh_CN"}) {
+    SCOPED_TRACE(language);
+    auto *const translations = new wxTranslations;  // owned by wxTranslations::Set
+    wxTranslations::Set(translations);
+    translations->SetLanguage(language);
+    EXPECT_TRUE(AddAnnotationCatalogue());
+    Start();
+    wxWindow const &palette = *FindChild<AnnotationPanel>(*m_frame);
+    EXPECT_GE(palette.GetClientSize().x, palette.GetSizer()->CalcMin().x);
+    Destroy();
+  }
+  wxTranslations::Set(nullptr);
 }
 
 TEST_F(MainFrameTest, ClosingAsksAndCancelStays) {

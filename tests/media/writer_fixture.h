@@ -148,7 +148,7 @@ MediaProblem ProblemOf(Work work, std::string *detail = nullptr) {
   try {
     work();
   } catch (MediaError const &error) {
-    if (detail) *detail = error.Detail();
+    if (detail) *detail = error.Detail().English();
     return error.Problem();
   }
   ADD_FAILURE() << "no MediaError";

@@ -15,9 +15,11 @@
 #include <wx/stattext.h>
 #include <wx/stdpaths.h>
 #include <wx/textctrl.h>
+#include <wx/translation.h>
 
 #include <gtest/gtest.h>
 
+#include "framenote/annotation_catalogue.h"
 #include "panel/panel_fixture.h"
 #include "panel/pseudo_catalogue.h"
 #include "support/screen_capture.h"
@@ -218,6 +220,57 @@ TEST_P(PanelFits, ScrollingReachesWhatALowWindowDoesNotShow) {
     EXPECT_GE(end.x + 10, content.x);
     EXPECT_GE(end.y + 10, content.y);
   }
+}
+
+/// The palette in a language of the catalogues that come with it.
+class PanelFitsIn : public PanelFit, public testing::WithParamInterface<char const *> {
+protected:
+  void SetUp() override {
+    m_english = Texts();
+    auto *const translations = new wxTranslations;  // owned by wxTranslations::Set
+    wxTranslations::Set(translations);
+    translations->SetLanguage(GetParam());
+    ASSERT_TRUE(AddAnnotationCatalogue());
+    Open({false, GetParam() == std::string("ar"), 1.0});
+  }
+  void TearDown() override {
+    PanelFit::TearDown();
+    wxTranslations::Set(nullptr);
+  }
+
+  std::vector<wxString> m_english;
+};
+
+INSTANTIATE_TEST_SUITE_P(, PanelFitsIn, testing::Values("ar", "de", "es", "fr", "it", "zh_CN"),
+                         [](auto const &language) { return std::string(language.param); });
+
+TEST_P(PanelFitsIn, WhateverToolIsShown) {
+  for (int id = 2; id <= 9; ++id) {
+    SCOPED_TRACE(id);
+    ShowAtBestSize(static_cast<Types>(id));
+    ExpectEverythingFits();
+    if (std::getenv(kPictureFolder) != nullptr) {
+      SavePicture(std::string(GetParam()) + "-" + std::to_string(id));
+    }
+  }
+}
+
+TEST_P(PanelFitsIn, NoTextIsLeftInEnglish) {
+  // What the host gave, and what has no words.
+  std::set<wxString> const kept = {"Frame", "Time", "..."};
+  std::set<wxString> expected;
+  for (wxString const &text : m_english) {
+    if (kept.count(text) != 0) {
+      expected.insert(text);
+      continue;
+    }
+    wxString const *const translated = wxTranslations::Get()->GetTranslatedString(text);
+    ASSERT_NE(translated, nullptr) << text;
+    expected.insert(*translated);
+  }
+  std::vector<wxString> const shown = Texts();
+  EXPECT_EQ(std::set<wxString>(shown.begin(), shown.end()), expected);
+  EXPECT_GT(expected.size(), 60u);
 }
 
 TEST_F(PanelFit, LabelOfALongFontFits) {

@@ -28,7 +28,7 @@ std::string CauseOf(std::function<void()> const &action) {
   try {
     action();
   } catch (FileError const &error) {
-    return error.Cause();
+    return error.Cause().English();
   }
   return "no error";
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <mutex>
 #include <optional>
@@ -43,9 +44,13 @@ private:
 class Failures {
 public:
   RecoverySession::FailureHandler Handler() {
-    return [this](std::string const &line) {
+    return [this](std::exception_ptr const &failure) {
       std::lock_guard<std::mutex> const lock(m_mutex);
-      m_lines.push_back(line);
+      try {
+        std::rethrow_exception(failure);
+      } catch (std::exception const &error) {
+        m_lines.push_back(error.what());
+      }
     };
   }
   Strings Lines() const {
