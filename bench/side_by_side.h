@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <ctime>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -27,21 +28,35 @@ inline double MedianOf(std::vector<double> values) {
   return *middle;
 }
 
+/// The processor's, of all threads, whatever else the machine does.
+template <class Work>
+double ProcessorSecondsOf(Work const &work) {
+  std::clock_t const start = std::clock();
+  work();
+  return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
 /// Times `ours` as the benchmark's own time and `reference` beside it; reports "ratio", the time of
 /// `ours` over that of `reference`, and "reference_ms".
-template <class Ours, class Reference>
-void SideBySide(benchmark::State &state, Ours const &ours, Reference const &reference) {
+template <class Ours, class Reference, class Clock>
+void SideBySide(benchmark::State &state, Ours const &ours, Reference const &reference,
+                Clock const &secondsOf) {
   std::vector<double> ourTimes;
   std::vector<double> referenceTimes;
   for (auto _ : state) {
-    ourTimes.push_back(SecondsOf(ours));
+    ourTimes.push_back(secondsOf(ours));
     state.SetIterationTime(ourTimes.back());
-    referenceTimes.push_back(SecondsOf(reference));
+    referenceTimes.push_back(secondsOf(reference));
   }
   double const ourMedian = MedianOf(ourTimes);
   double const referenceMedian = MedianOf(referenceTimes);
   state.counters["ratio"] = ourMedian / referenceMedian;
   state.counters["reference_ms"] = referenceMedian * 1e3;
+}
+
+template <class Ours, class Reference>
+void SideBySide(benchmark::State &state, Ours const &ours, Reference const &reference) {
+  SideBySide(state, ours, reference, [](auto const &work) { return SecondsOf(work); });
 }
 
 /// One pass over the bytes of a vector, summed as 64-bit words.

@@ -157,7 +157,7 @@ History::History(Clock clock) : m_clock(std::move(clock)) {}
 
 void History::Reset(State state) {
   m_current = std::move(state);
-  m_steps.clear();
+  m_steps = std::vector<Step>();  // their room too: there may have been many
   m_position = 0;
   m_saved = 0;
   m_gestures = 0;

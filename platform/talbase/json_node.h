@@ -54,6 +54,10 @@ private:
 
 /// What the rest of talbase may do with the inside of a value.
 struct JsonAccess {
+  /// Null for values that have none.
+  static JsonNode const *Node(wxJSONValue const &value) noexcept {
+    return value.hasNode() ? value.m_node : nullptr;
+  }
   static JsonString const &String(wxJSONValue const &value) {
     return static_cast<JsonString const &>(*value.m_node);
   }

@@ -28,7 +28,7 @@ void AnnImageCoordinates::UpdateJSONValCoordinates(std::int64_t first, std::int6
   std::lock_guard<std::mutex> const lock(m_mutex);
   // The shape store writes its array without the flag, and its edits do not mark this store.
   if (m_jsonUpToDate && m_shapeCoordinates.ToJSON().IsSameAs(m_jsonVal)) return;
-  rebuildJSONVal(first, last, [this](std::int64_t frame) { return fragmentAt(frame); });
+  rebuildJSONVal(first, last, [this](std::int64_t frame) { return partsAt(frame); });
   m_shapeCoordinates.JsonVal() = m_jsonVal;
 }
 
@@ -42,11 +42,12 @@ void AnnImageCoordinates::initFromJSONVal() {
   });
 }
 
-wxJSONValue AnnImageCoordinates::fragmentAt(std::int64_t frame) const {
+AnnImageCoordinates::RunParts AnnImageCoordinates::partsAt(std::int64_t frame) const {
   auto const &shapes = m_shapeCoordinates.CoordsVec();
-  if (m_shapeCoordinates.AreCoordinatesEmpty(frame)) return wxJSONValue(wxJSONTYPE_INVALID);
-  wxJSONValue fragment = framenote::CurrentFragment(*shapes[static_cast<std::size_t>(frame)]);
+  if (m_shapeCoordinates.AreCoordinatesEmpty(frame)) {
+    return {wxJSONValue(wxJSONTYPE_INVALID), {}};
+  }
   AnnImagePoints const *image = recordAt(frame);
-  fragment.Set("Mirrored", image && image->m_mirrored);
-  return fragment;
+  return {framenote::CurrentFragment(*shapes[static_cast<std::size_t>(frame)]),
+          image && image->m_mirrored};
 }

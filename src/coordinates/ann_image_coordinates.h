@@ -32,7 +32,7 @@ public:
 
 private:
   void initFromJSONVal();
-  wxJSONValue fragmentAt(std::int64_t frame) const;
+  RunParts partsAt(std::int64_t frame) const;
 
   AnnShapeCoordinates &m_shapeCoordinates;
 };

@@ -9,6 +9,7 @@
 #include "coordinates/ann_points.h"
 #include "coordinates/coordinate_runs.h"
 #include "talbase/json_conversions.h"
+#include "talbase/json_sharing.h"
 
 namespace {
 
@@ -56,6 +57,7 @@ IAnnotationCoordinates<T>::IAnnotationCoordinates(IAnnotationCoordinates &&other
   m_recentlyUpdatedFrame = std::exchange(other.m_recentlyUpdatedFrame, -1);
   m_jsonUpToDate = std::exchange(other.m_jsonUpToDate, false);
   m_jsonVal = std::exchange(other.m_jsonVal, wxJSONValue());
+  m_writtenRuns.swap(other.m_writtenRuns);
 }
 
 template <class T>
@@ -188,25 +190,50 @@ void IAnnotationCoordinates<T>::updateJSONVal(std::int64_t first, std::int64_t l
                                               wxJSONValue const &(*fragmentOf)(T &)) {
   std::lock_guard<std::mutex> const lock(m_mutex);
   if (m_jsonUpToDate) return;
-  rebuildJSONVal(first, last, [&](std::int64_t frame) {
+  rebuildJSONVal(first, last, [&](std::int64_t frame) -> RunParts {
     T *record = recordAt(frame);
-    return record ? fragmentOf(*record) : wxJSONValue(wxJSONTYPE_INVALID);
+    return {record ? fragmentOf(*record) : wxJSONValue(wxJSONTYPE_INVALID), {}};
   });
 }
 
 template <class T>
 void IAnnotationCoordinates<T>::rebuildJSONVal(
-    std::int64_t first, std::int64_t last,
-    std::function<wxJSONValue(std::int64_t)> const &fragmentAt) {
+    std::int64_t first, std::int64_t last, std::function<RunParts(std::int64_t)> const &partsAt) {
   wxJSONValue array(wxJSONTYPE_ARRAY);
+  std::vector<WrittenRun> written;
+  auto former = m_writtenRuns.begin();
   for (FrameRange const &range : getRanges(first, last)) {
-    wxJSONValue element = fragmentAt(range.first);
-    if (!element.IsValid()) continue;
-    element.Set(coordinatesRangeKey, ToJson(std::vector<std::int64_t>{range.first, range.second}));
-    array.Append(std::move(element));
+    RunParts parts = partsAt(range.first);
+    if (!parts.fragment.IsValid()) continue;
+    while (former != m_writtenRuns.end() && former->range < range) ++former;
+    if (former != m_writtenRuns.end() && former->IsOf(range, parts)) {
+      written.push_back(std::move(*former));
+    } else {
+      written.push_back({range, parts, elementOf(range, parts)});
+    }
+    array.Append(written.back().element);
   }
+  m_writtenRuns = std::move(written);
   m_jsonVal = std::move(array);
   m_jsonUpToDate = true;
+}
+
+template <class T>
+bool IAnnotationCoordinates<T>::WrittenRun::IsOf(FrameRange const &otherRange,
+                                                 RunParts const &others) const {
+  return range == otherRange && parts.mirrored == others.mirrored &&
+         framenote::AreShared(parts.fragment, others.fragment);
+}
+
+template <class T>
+wxJSONValue IAnnotationCoordinates<T>::elementOf(FrameRange const &range, RunParts const &parts) {
+  wxJSONValue element = parts.fragment;
+  if (parts.mirrored) element.Set("Mirrored", *parts.mirrored);
+  wxJSONValue frames = ToJson(std::vector<std::int64_t>{range.first, range.second});
+  // A fragment that a document gave has its range; as long as that is right, one element serves.
+  if (element.ItemAt(coordinatesRangeKey).IsSameAs(frames)) return element;
+  element.Set(coordinatesRangeKey, std::move(frames));
+  return element;
 }
 
 template <class T>

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -102,14 +103,19 @@ protected:
   /// For the one store that can be moved; takes the mutex of `other` and leaves it empty.
   IAnnotationCoordinates(IAnnotationCoordinates &&other) noexcept;
 
+  /// What the element of a run is made of.
+  struct RunParts {
+    wxJSONValue fragment;  ///< of the record; an invalid value leaves the run out
+    std::optional<bool> mirrored;
+  };
+
   T *recordAt(std::int64_t frame) const;
   /// UpdateJSONValCoordinates of a store whose records write themselves. Takes the mutex.
   void updateJSONVal(std::int64_t first, std::int64_t last, wxJSONValue const &(*fragmentOf)(T &));
-  /// Builds the array from the runs of `first` to `last`. `fragmentAt` gives the element of the
-  /// run that begins at a frame, still without "Range"; an invalid value leaves the run out.
-  /// REQUIRES: the mutex is held.
+  /// Builds the array from the runs of `first` to `last`. `partsAt` gives the parts of the run that
+  /// begins at a frame. REQUIRES: the mutex is held.
   void rebuildJSONVal(std::int64_t first, std::int64_t last,
-                      std::function<wxJSONValue(std::int64_t)> const &fragmentAt);
+                      std::function<RunParts(std::int64_t)> const &partsAt);
   /// Fills the store from the array `runs`, growing it where a run reaches past its end, and makes
   /// the last frame of the last run current. `makeRecord` makes the record of an element, or null
   /// to leave the run out. REQUIRES: the mutex is held.
@@ -125,6 +131,16 @@ protected:
   wxJSONValue m_jsonVal;
 
 private:
+  /// A run as it stands in the array.
+  struct WrittenRun {
+    FrameRange range;
+    RunParts parts;
+    wxJSONValue element;
+
+    bool IsOf(FrameRange const &otherRange, RunParts const &others) const;
+  };
+  static wxJSONValue elementOf(FrameRange const &range, RunParts const &parts);
+
   std::int64_t size() const { return static_cast<std::int64_t>(m_coordsVec.size()); }
   bool isInside(std::int64_t frame) const { return 0 <= frame && frame < size(); }
   /// Gives `frame` a record of its own, growing the store; false if it is negative or has one.
@@ -133,6 +149,10 @@ private:
   /// The last frame up to `last` whose entry is that of `first`. REQUIRES: both are inside.
   std::int64_t findRunEnd(std::int64_t first, std::int64_t last) const;
   bool isSharedOutside(std::int64_t first, std::int64_t last) const;
+
+  /// What was written last, in the order of the frames: an edit of one run takes the elements of
+  /// the others from here, and who compares two arrays finds them shared.
+  std::vector<WrittenRun> m_writtenRuns;
 
   /// Calls `visit(firstFrame, lastFrame)` for each stretch of equal entries, null ones included.
   template <class F>

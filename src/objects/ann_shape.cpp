@@ -167,9 +167,9 @@ wxColour AnnShape::GetDominantColor() {
   wxColour const border = m_properties.GetBorderColor();
   wxColour const fill = m_properties.GetFillColor();
   if (!IsVisible(border)) return IsVisible(fill) ? fill : m_defaultColor;
+  if (!IsVisible(fill)) return border;
   auto const record = currentRecord();
-  if (!record || IsFillCoveredByBorder(*record)) return border;
-  return IsVisible(fill) ? fill : border;
+  return !record || IsFillCoveredByBorder(*record) ? border : fill;
 }
 
 wxPoint2DInt AnnShape::GetPastePoint() {

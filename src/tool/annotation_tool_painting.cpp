@@ -12,9 +12,11 @@
 void AnnotationTool::setDrawOn(wxWindow *window) {
   if (window == m_drawOn) return;
   m_drawOn = window;
-  // It ends with the tool. A window that comes back is bound twice, which does no harm: there is
-  // nothing left to delete.
-  if (window != nullptr) window->Bind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
+  if (window == nullptr) return;
+  // It ends with the tool. A window that comes back, as with each document that is loaded, has the
+  // hook already: it must not collect them.
+  window->Unbind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
+  window->Bind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
 }
 
 // What is hidden must not be seen for a moment, in whatever order a host sets picture and position.

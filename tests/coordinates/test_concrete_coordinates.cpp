@@ -12,6 +12,7 @@
 #include "coordinates/ann_pencil_coordinates.h"
 #include "coordinates/ann_shape_coordinates.h"
 #include "coordinates_support.h"
+#include "talbase/json_sharing.h"
 
 using namespace coordinates_test;
 
@@ -132,6 +133,43 @@ TEST(AnnShapeStore, RangeStaysOutOfTheRecordOfANewShape) {
   AnnShapeCoordinates const store(10, 4, wxRect(10, 20, 100, 50));
   EXPECT_FALSE(store.Coords().m_json.HasMember("Range"));
   EXPECT_TRUE(store.Coords().m_json.HasMember("TopLeft"));
+}
+
+/// Ten frames, each with a record of its own.
+AnnShapeCoordinates TenRecords() {
+  AnnShapeCoordinates store(10, 0, wxRect(10, 20, 100, 50));
+  for (int frame = 1; frame < 10; ++frame) {
+    store.AddNewCoordinates(frame);
+    store.SetCoordinatesNotUpdatedInJson();
+  }
+  store.UpdateJSONValCoordinates(0, 9);
+  return store;
+}
+
+TEST(AnnShapeStore, EditWritesItsOwnRunAlone) {
+  AnnShapeCoordinates store = TenRecords();
+  wxJSONValue const before = store.ToJSON();
+  store.AddNewCoordinates(4);
+  store.CoordsEditable().m_topLeft = {1.0, 2.0};
+  store.SetCoordinatesNotUpdatedInJson();
+  store.UpdateJSONValCoordinates(0, 9);
+  ASSERT_EQ(store.ToJSON().Size(), 10);
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_EQ(framenote::AreShared(store.ToJSON().ItemAt(i), before.ItemAt(i)), i != 4) << i;
+  }
+  EXPECT_TRUE(store.ToJSON().ItemAt(4).ItemAt("TopLeft").IsSameAs(Pair(1.0, 2.0)));
+}
+
+TEST(AnnShapeStore, RunsThatChangeTheirFramesAreWrittenAnew) {
+  AnnShapeCoordinates store = TenRecords();
+  wxJSONValue const before = store.ToJSON();
+  store.DuplicateLastCoordinates(4);
+  store.UpdateJSONValCoordinates(0, 9);
+  wxJSONValue const &after = store.ToJSON();
+  EXPECT_EQ(RangesOf(after),
+            (Ranges{{0, 0}, {1, 1}, {2, 2}, {3, 4}, {5, 5}, {6, 6}, {7, 7}, {8, 8}, {9, 9}}));
+  EXPECT_FALSE(framenote::AreShared(after.ItemAt(3), before.ItemAt(3)));
+  EXPECT_TRUE(framenote::AreShared(after.ItemAt(4), before.ItemAt(5)));
 }
 
 TEST(AnnShapeStore, MissingOrStrangeCornersReadAsTheOrigin) {
@@ -264,6 +302,22 @@ TEST(AnnMagnifyStore, ClearEmptiesAllFramesAndKeepsTheCurrentOne) {
   EXPECT_EQ(store.CoordsVec().size(), 5u);
   store.UpdateJSONValCoordinates(0, 4);
   EXPECT_EQ(store.ToJSON().Size(), 0);
+}
+
+TEST(AnnImageStore, FlagThatChangesIsWrittenInItsOwnRunAlone) {
+  AnnShapeCoordinates shape = TenRecords();
+  AnnImageCoordinates image(10, 0, shape);
+  image.AddNewCoordinates(1);
+  image.SetCoordinatesNotUpdatedInJson();
+  image.UpdateJSONValCoordinates(0, 1);
+  wxJSONValue const before = image.ToJSON();
+  image.CoordsEditable().m_mirrored = true;
+  image.SetCoordinatesNotUpdatedInJson();
+  image.UpdateJSONValCoordinates(0, 1);
+  ASSERT_EQ(image.ToJSON().Size(), 2);
+  EXPECT_TRUE(framenote::AreShared(image.ToJSON().ItemAt(0), before.ItemAt(0)));
+  EXPECT_FALSE(before.ItemAt(1).ItemAt("Mirrored").AsBool());
+  EXPECT_TRUE(image.ToJSON().ItemAt(1).ItemAt("Mirrored").AsBool());
 }
 
 TEST(AnnImageStore, NewImageWritesCornersAndFlagForBothStores) {

@@ -96,6 +96,21 @@ TEST(HistoryCost, ManyStepsOfALongDocumentShareIt) {
   EXPECT_TRUE(history.Current().annotations.IsSameAs(LongDocument(1000).Document()));
 }
 
+TEST(HistoryCost, ForgottenStepsLeaveNothing) {
+  constexpr int kSteps = 2000;
+  LongDocument document(10);
+  History history;
+  history.Reset({document.Document(), -1, 0});
+  std::size_t const before = BytesInUse();
+  for (int i = 0; i < kSteps; ++i) {
+    document.Move(static_cast<std::size_t>(i % 10), 1000 + i);
+    ASSERT_TRUE(history.Record({document.Document(), -1, 0}));
+  }
+  history.Reset({document.Document(), -1, 0});
+  // The room of the steps alone would be some 500,000 bytes.
+  EXPECT_LT(BytesInUse(), before + 50000);
+}
+
 TEST(HistoryCost, FollowingAnObjectFrameByFrameSharesItsRuns) {
   LongDocument document(10);
   document.Follow(3, 0);

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include "talbase/json_sharing.h"
 #include "talbase/json_text.h"
 
 namespace {
@@ -388,6 +389,17 @@ TEST(JsonSame, NanIsSameAsNanAndZerosAreSame) {
   EXPECT_TRUE(wxJSONValue(std::nan("")).IsSameAs(std::nan("")));
   EXPECT_FALSE(wxJSONValue(std::nan("")).IsSameAs(0.0));
   EXPECT_TRUE(wxJSONValue(0.0).IsSameAs(-0.0));
+}
+
+TEST(JsonSame, CopiesShareAndEqualValuesNeedNot) {
+  wxJSONValue const value = Of(R"({"a":[1]})");
+  wxJSONValue copy = value;
+  EXPECT_TRUE(framenote::AreShared(copy, value));
+  EXPECT_FALSE(framenote::AreShared(Of(R"({"a":[1]})"), value));
+  EXPECT_FALSE(framenote::AreShared(wxJSONValue(1), wxJSONValue(1)));
+  copy.Set("b", 2);
+  EXPECT_FALSE(framenote::AreShared(copy, value));
+  EXPECT_TRUE(framenote::AreShared(copy.ItemAt("a"), value.ItemAt("a")));
 }
 
 TEST(JsonSame, DeepDifferenceIsSeen) {
