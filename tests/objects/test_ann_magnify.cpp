@@ -266,6 +266,58 @@ TEST_F(AnnMagnifyTest, FromThePartOnlyItsPixelsTakePart) {
   EXPECT_EQ(Shown(painted, 40, 40), wxPoint(49, 49));
 }
 
+TEST_F(AnnMagnifyTest, ResizedLensShowsItsNewPlace) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  wxStockCursor cursor = wxCURSOR_ARROW;
+  ASSERT_TRUE(lens.IsAtResizePoint({80, 80}, cursor));
+  lens.PrepareResizing();
+  lens.ResizeTo({100, 80}, false);
+  // Columns 40 to 99 with 69 in their middle: x shows (x + 69) / 2.
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(Shown(painted, 69, 59), wxPoint(69, 59));
+  EXPECT_EQ(Shown(painted, 41, 59), wxPoint(55, 59));
+  EXPECT_EQ(Shown(painted, 99, 59), wxPoint(84, 59));
+}
+
+TEST_F(AnnMagnifyTest, AnotherMethodReachesALensThatIsThere) {
+  m_driver.Tool().SetImage(NoisePicture(kCanvas.x, kCanvas.y), true);
+  Look().SetZoom(3.0);
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  Look().SetZoomMethod(wxIMAGE_QUALITY_BICUBIC);
+  lens.UpdateProperties();
+  // The origin of the enlarged picture is 59 * -2 = -118.
+  wxImage const expected = m_driver.Tool()
+                               .GetImage()
+                               .Scale(600, 480, wxIMAGE_QUALITY_BICUBIC)
+                               .GetSubImage(wxRect(158, 158, 40, 40));
+  EXPECT_TRUE(pixels::Alike(Paint(lens).GetSubImage(wxRect(40, 40, 40, 40)), expected, 2));
+}
+
+TEST_F(AnnMagnifyTest, AnotherShapeReachesALensThatIsThere) {
+  AnnMagnify lens = Lens({40, 40}, {100, 80});
+  EXPECT_EQ(Shown(Paint(lens), 43, 43), wxPoint(56, 51));  // (43 + 69) / 2, (43 + 59) / 2
+  Look().SetShape(AnnShapeProperties::Ellipse);
+  lens.UpdateProperties();
+  EXPECT_EQ(pixels::ColourAt(Paint(lens), 43, 43), pixels::kWhite);
+  EXPECT_EQ(Shown(Paint(lens), 69, 59), wxPoint(69, 59));
+  Look().SetShape(AnnShapeProperties::Rectangle);
+  lens.UpdateProperties();
+  EXPECT_EQ(Shown(Paint(lens), 43, 43), wxPoint(56, 51));
+}
+
+TEST_F(AnnMagnifyTest, LensMuchLargerThanThePictureShowsItWithinThePicture) {
+  // 4,001 by 4,001 pixels. All of the picture is its source, with (99, 79) in the middle.
+  AnnMagnify lens = Lens({-2000, -2000}, {2000, 2000});
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(Shown(painted, 99, 79), wxPoint(99, 79));
+  EXPECT_EQ(Shown(painted, 1, 79), wxPoint(50, 79));
+  EXPECT_EQ(Shown(painted, 199, 159), wxPoint(149, 119));
+  // What is shown lies 50 pixels to the right: x shows (x + 50 + 99) / 2.
+  DragCentre(lens, {50, 0});
+  EXPECT_EQ(Shown(Paint(lens), 49, 79), wxPoint(99, 79));
+  EXPECT_EQ(Shown(Paint(lens), 99, 79), wxPoint(124, 79));
+}
+
 TEST_F(AnnMagnifyTest, DocumentHasItsMembersInOrder) {
   AnnMagnify const lens = Lens({40, 40}, {80, 80});
   std::string const text = JsonToUtf8(lens.ToJSON());
@@ -352,6 +404,31 @@ protected:
     pixels::Rgb const c = pixels::ColourAt(image, static_cast<int>(x), static_cast<int>(y));
     return c.red > 200 && c.green < 120 && c.blue < 120;
   }
+  /// Which sides of an ellipse are joined, of "trbl"; `places` are on the lines, in that order.
+  static std::string JoinedSides(wxImage const &image, std::vector<wxPoint> const &places) {
+    std::string joined;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      // A line is two pixels wide.
+      wxRect const about(places[i] - wxPoint(1, 1), wxSize(3, 3));
+      bool isRed = false;
+      for (int y = about.GetTop(); y <= about.GetBottom(); ++y) {
+        for (int x = about.GetLeft(); x <= about.GetRight(); ++x) isRed |= IsRedAt(image, x, y);
+      }
+      if (isRed) joined += "trbl"[i];
+    }
+    return joined;
+  }
+  /// Paints an elliptic lens of 40 by 40 whose centre has been dragged.
+  wxImage PaintEllipse(AnnMagnifyProperties::BorderType type, wxPoint const &corner,
+                       wxPoint2DInt const &shift) {
+    Look().SetBorderType(type);
+    Look().SetShape(AnnShapeProperties::Ellipse);
+    Look().SetBorderColor(*wxRED);
+    Look().SetThickness(2);
+    AnnMagnify lens = Lens(corner, corner + wxPoint(40, 40));
+    DragCentre(lens, shift);
+    return Paint(lens);
+  }
   /// Which corners are joined, as the line between their border's middles is red half way.
   static std::string JoinedCorners(wxImage const &image) {
     // Thickness 2: the middle of the border lies 1 inside the corner.
@@ -433,6 +510,52 @@ TEST_F(AnnMagnifyLines, EllipseJoinsTheMiddlesOfItsSides) {
   EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea3Lines), 2);
   EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea2Lines), 2);
   EXPECT_EQ(lines(AnnMagnifyProperties::ShapeOnly), 0);
+}
+
+TEST_F(AnnMagnifyLines, OfThreeSidesTowardsTheLensTheSecondGivesWayToTheLast) {
+  // The lens, from (80, 20) to (120, 60), is above the source, about (99.5, 119.5), and twice as
+  // wide: all sides of the source but the lower one look towards it. Between (100, 21) and
+  // (99.5, 110.5), (119, 40) and (109, 119.5), (100, 59) and (99.5, 129), (81, 40) and (90, 119.5);
+  // the lower one has a stretch of its own within the source only.
+  auto const joined = [&](AnnMagnifyProperties::BorderType type) {
+    return JoinedSides(PaintEllipse(type, {80, 20}, {0, 80}),
+                       {{100, 85}, {113, 85}, {99, 120}, {86, 85}});
+  };
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea4Lines), "trbl");
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea3Lines), "trl");
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea2Lines), "tl");
+}
+
+TEST_F(AnnMagnifyLines, PairOfOppositeSidesIsKept) {
+  // The same with the lens, from (20, 60) to (60, 100), on the left of the source.
+  auto const joined = [&](AnnMagnifyProperties::BorderType type) {
+    return JoinedSides(PaintEllipse(type, {20, 60}, {80, 0}),
+                       {{85, 66}, {120, 79}, {85, 93}, {85, 79}});
+  };
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea4Lines), "trbl");
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea3Lines), "tbl");
+  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea2Lines), "tb");
+}
+
+TEST_F(AnnMagnifyLines, MirroredLensIsJoinedAsItIsSeen) {
+  for (auto const &[type, corners] :
+       {std::pair(AnnMagnifyProperties::PointToZoomedArea3Lines, "013"),
+        std::pair(AnnMagnifyProperties::PointToZoomedArea2Lines, "13")}) {
+    Look().SetBorderType(type);
+    Look().SetBorderColor(*wxRED);
+    Look().SetThickness(2);
+    AnnMagnify lens = Lens({20, 20}, {60, 60});
+    DragCentre(lens, {100, 60});
+    // Its left side goes over the right one, and both to where the other one was.
+    wxStockCursor cursor = wxCURSOR_ARROW;
+    for (auto const &[from, to] : {std::pair(20, 100), std::pair(60, 20), std::pair(100, 60)}) {
+      ASSERT_TRUE(lens.IsAtResizePoint({from, 40}, cursor));
+      lens.PrepareResizing();
+      lens.ResizeTo({to, 40}, false);
+    }
+    ASSERT_TRUE(lens.IsReflected(RecordOf(lens)));
+    EXPECT_EQ(JoinedCorners(Paint(lens)), corners);
+  }
 }
 
 TEST_F(AnnMagnifyLines, OutlineNearTheEdgeIsCentredOnWhatIsShown) {
@@ -517,6 +640,17 @@ TEST_F(AnnMagnifyInAVideo, LongerVideoAndLaterFramesTakeTheCentre) {
   GoTo(lens, 3);
   lens.UpdateSubImageAndSubBitmap(false);
   EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(79, 59));
+}
+
+TEST_F(AnnMagnifyInAVideo, RunningVideoTakesTheLensAlong) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80}, 2);
+  GoTo(lens, 2);
+  EXPECT_TRUE(lens.AreCoordinatesEmpty(3));
+  lens.DuplicateLastCoordinates(3);
+  GoTo(lens, 3);
+  EXPECT_EQ(SizeOf(lens), wxRect(wxPoint(40, 40), wxPoint(80, 80)));
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 79, 59), wxPoint(69, 59));
 }
 
 }  // namespace
