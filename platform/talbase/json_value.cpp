@@ -56,16 +56,15 @@ std::int64_t Truncated(double value) {
   return static_cast<std::int64_t>(value);
 }
 
+/// REQUIRES: `type` is that of a string, an array or an object; the same for the next one.
 JsonNode *NewNode(wxJSONType type) {
   switch (type) {
     case wxJSONTYPE_STRING:
       return new JsonString;  // owned by the value, like those below
     case wxJSONTYPE_ARRAY:
       return new JsonArray;  // owned by the value
-    case wxJSONTYPE_OBJECT:
-      return new JsonObject;  // owned by the value
     default:
-      return nullptr;
+      return new JsonObject;  // owned by the value
   }
 }
 

@@ -43,13 +43,8 @@ void AnnHideToolMode::finishBox(wxRect const &rect) {
 }
 
 wxBitmap AnnHideToolMode::previewOf(wxRect const &part) const {
-  switch (m_properties->GetEffect()) {
-    case AnnHideProperties::Blur:
-      return framenote::RenderedBitmap(m_preview->Blurred(), part);
-    case AnnHideProperties::Pixelation:
-      return framenote::RenderedBitmap(m_preview->Pixelated(), part);
-  }
-  return wxNullBitmap;
+  bool const isBlur = m_properties->GetEffect() == AnnHideProperties::Blur;
+  return framenote::RenderedBitmap(isBlur ? m_preview->Blurred() : m_preview->Pixelated(), part);
 }
 
 void AnnHideToolMode::DrawPreview(std::unique_ptr<IAnnPainter> &painter,

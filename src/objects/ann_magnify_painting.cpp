@@ -153,7 +153,7 @@ bool AnnMagnify::isInsideAngle(wxPoint2DDouble const &vertex, wxPoint2DDouble co
 }
 
 // A line that would run through the rectangle at one of its ends is left out: at either end with
-// two lines, at the source with three.
+// two lines, at the source with three. REQUIRES: a border type with lines.
 void AnnMagnify::strokeLines(IAnnPainter &painter, Points const &source, Points const &lens) const {
   auto const crosses = [](Points const &corners, std::size_t i, wxPoint2DDouble const &end) {
     return isInsideAngle(corners[i], corners[(i + 1) % kCorners], corners[(i + 3) % kCorners], end);
@@ -164,10 +164,8 @@ void AnnMagnify::strokeLines(IAnnPainter &painter, Points const &source, Points 
         return !crosses(source, i, lens[i]) && !crosses(lens, i, source[i]);
       case AnnMagnifyProperties::PointToZoomedArea3Lines:
         return !crosses(source, i, lens[i]);
-      case AnnMagnifyProperties::PointToZoomedArea4Lines:
-        return true;
       default:
-        return false;
+        return true;
     }
   };
   for (std::size_t i = 0; i < kCorners; ++i) {

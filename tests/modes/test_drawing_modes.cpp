@@ -104,6 +104,50 @@ TEST_F(DrawingMode, ResizePastTheOtherSideIsPutInOrderAtTheRelease) {
   EXPECT_EQ(m_driver.State(), ToolState::AtResizePoint);
 }
 
+TEST_F(DrawingMode, ModeOfPicturesResizesAShapeThatIsStillSelected) {
+  m_driver.DrawShape({20, 60}, {120, 120});
+  m_driver.UseTool(Types::Image);
+  m_driver.Move(120, 120);
+  m_driver.Press(120, 120);
+  ASSERT_EQ(m_driver.State(), ToolState::Resizing);
+  m_driver.Move(140, 150);
+  m_driver.Release(140, 150);
+  EXPECT_EQ(ShapeRecord().m_topLeft, wxPoint2DDouble(20, 60));
+  EXPECT_EQ(ShapeRecord().m_bottomRight, wxPoint2DDouble(140, 150));
+  EXPECT_EQ(m_driver.State(), ToolState::AtResizePoint);
+}
+
+TEST_F(DrawingMode, ModeOfStrokesResizesNothing) {
+  m_driver.DrawShape({20, 60}, {120, 120});
+  m_driver.UseTool(Types::Pencil);
+  m_driver.Move(120, 120);
+  m_driver.Press(120, 120);
+  ASSERT_EQ(m_driver.State(), ToolState::Resizing);
+  m_driver.Move(140, 150);
+  EXPECT_EQ(ShapeRecord().m_bottomRight, wxPoint2DDouble(120, 120));
+}
+
+TEST_F(DrawingMode, ModesOfLinesTurnNothing) {
+  for (Types const mode : {Types::Arrow, Types::Pencil}) {
+    m_driver.Tool().ClearAllAnnotations();
+    m_driver.DrawShape({20, 60}, {120, 120});
+    m_driver.UseTool(mode);
+    // 30 above the middle of the top side; a press that a motion goes before does not take it.
+    m_driver.Move(70, 30);
+    ASSERT_EQ(m_driver.State(), ToolState::AtRotationPoint);
+    m_driver.Press(70, 30);
+    EXPECT_EQ(m_driver.State(), ToolState::AtRotationPoint);
+    // One that comes without a motion does, and nothing turns.
+    m_driver.Tool().Deactivate();
+    m_driver.Tool().SelectObject(0);
+    m_driver.UseTool(mode);
+    m_driver.Press(70, 30);
+    ASSERT_EQ(m_driver.State(), ToolState::Rotating);
+    m_driver.Move(200, 90);
+    EXPECT_EQ(ShapeRecord().m_topLeft, wxPoint2DDouble(20, 60));
+  }
+}
+
 TEST_F(DrawingMode, ShapeLooksAsItsToolDid) {
   auto const look = m_driver.Tool().GetToolModes().shape->m_properties;
   look->SetShape(AnnShapeProperties::Ellipse);

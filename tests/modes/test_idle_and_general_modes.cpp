@@ -85,6 +85,32 @@ TEST_P(ModeWithoutDrawing, ObjectsAreHoveredSelectedAndMoved) {
             wxPoint2DDouble(20, 30));
 }
 
+TEST_P(ModeWithoutDrawing, DragThatAnotherModeBeganMakesNothing) {
+  ToolModes const &modes = m_driver.Tool().GetToolModes();
+  m_driver.UseTool(Types::Shape);
+  m_driver.Press(220, 200);
+  m_driver.Move(260, 240);
+  m_driver.UseTool(Types::Idle);
+  if (GetParam() == Types::General) m_driver.Tool().SetActiveTool(modes.general);
+  m_driver.Move(270, 250);
+  m_driver.Release(270, 250);
+  EXPECT_EQ(m_driver.ObjectCount(), 2U);
+  EXPECT_EQ(m_driver.Selected(), nullptr);
+}
+
+TEST_P(ModeWithoutDrawing, HandleOfAnObjectThatIsStillSelectedResizesNothing) {
+  m_driver.DrawShape({220, 200}, {260, 240});
+  ToolModes const &modes = m_driver.Tool().GetToolModes();
+  m_driver.UseTool(Types::Idle);
+  if (GetParam() == Types::General) m_driver.Tool().SetActiveTool(modes.general);
+  m_driver.Move(260, 240);
+  m_driver.Press(260, 240);
+  ASSERT_EQ(m_driver.State(), ToolState::Resizing);
+  m_driver.Move(300, 300);
+  EXPECT_EQ(m_driver.ObjectAs<AnnShape>()->GetCoordinates().Coords().m_bottomRight,
+            wxPoint2DDouble(260, 240));
+}
+
 TEST_P(ModeWithoutDrawing, ApplyingPropertiesAndPreviewDoNothing) {
   std::unique_ptr<IAnnPainter> none;
   m_driver.Tool().GetActiveTool()->ApplyProperties();

@@ -158,6 +158,29 @@ TEST_F(MenuOnAWindow, RightClickOffersAndDoesWhatFitsThePlace) {
   EXPECT_EQ(m_driver.State(), ToolState::Selected);
 }
 
+TEST_F(MenuOnAWindow, SelectedObjectHasItsItemsOnItAndOnItsHandlesButNotOnTheOneThatTurnsIt) {
+  m_driver.SetScale(m_scale);
+  m_driver.DrawShape({60, 60}, {140, 120});
+  struct {
+    wxPoint place;
+    ToolState state;
+    std::size_t items;
+  } const places[] = {{{100, 90}, ToolState::Selected, 13},
+                      {{140, 120}, ToolState::AtResizePoint, 13},
+                      {{100, 45}, ToolState::AtRotationPoint, 1},
+                      {{200, 180}, ToolState::Selected, 1}};
+  for (auto const &at : places) {
+    m_driver.Tool().Deactivate();
+    m_driver.UseTool(Types::Shape);
+    m_driver.Tool().SelectObject(0);
+    m_driver.Move(at.place.x, at.place.y);
+    ASSERT_EQ(m_driver.State(), at.state);
+    m_driver.RightRelease(at.place.x, at.place.y);
+    EXPECT_EQ(m_items.size(), at.items) << at.place.x;
+    EXPECT_EQ(m_driver.Selected(), m_driver.Object());
+  }
+}
+
 TEST_F(MenuOnAWindow, DeleteKeyDeletesTheSelectedObjectButNotAnEditedText) {
   Drag({{40, 40}, {60, 60}, {100, 90}});
   m_canvas->SetFocus();

@@ -8,6 +8,7 @@
 
 #include "modes/ann_shape_tool_mode.h"
 #include "modes/text_canvas_fixture.h"
+#include "objects/ann_shape.h"
 #include "support/keys_in_menu.h"
 
 namespace framenote::test {
@@ -98,6 +99,61 @@ TEST_F(TextMode, PressOnNothingEndsEditingAndDraws) {
   EXPECT_EQ(m_driver.State(), ToolState::Drawing);
   EXPECT_EQ(m_driver.Selected(), nullptr);
   EXPECT_EQ(Finished(), 1U);
+}
+
+/// The same beside a filled rectangle from (250, 20) to (290, 60), which lies behind it.
+class TextModeBesideAShape : public TextMode {
+protected:
+  void SetUp() override {
+    TextCanvasTest::SetUp();
+    m_driver.Tool().GetToolModes().shape->m_properties->SetFillColor(*wxGREEN);
+    m_driver.SetScale(m_scale);
+    m_driver.DrawShape({250, 20}, {290, 60});
+    m_driver.Tool().Deactivate();
+    m_driver.UseTool(Types::Text);
+    DrawBox({60, 20}, {220, 100});
+    Editor()->WriteText("abc");
+  }
+  AnnShape &Shape() { return *m_driver.ObjectAs<AnnShape>(1); }
+};
+
+TEST_F(TextModeBesideAShape, ObjectUnderThePointerIsHoveredWhileATextIsEdited) {
+  EXPECT_EQ(m_driver.Move(270, 40), wxCURSOR_SIZING);
+  EXPECT_TRUE(Shape().IsFocused());
+  EXPECT_EQ(m_driver.State(), ToolState::Editing);
+  EXPECT_EQ(m_driver.Move(20, 150), wxCURSOR_CROSS);
+  EXPECT_FALSE(Shape().IsFocused());
+}
+
+TEST_F(TextModeBesideAShape, PressOnAnotherObjectEndsEditingAndMovesThatObject) {
+  m_driver.Move(270, 40);
+  m_driver.Press(270, 40);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Finished(), 1U);
+  EXPECT_EQ(m_driver.Selected(), &Shape());
+  EXPECT_EQ(m_driver.State(), ToolState::Moving);
+  m_driver.Move(275, 50);
+  m_driver.Release(275, 50);
+  EXPECT_EQ(Shape().GetCoordinates().Coords().m_topLeft, wxPoint2DDouble(255, 30));
+  EXPECT_EQ(m_driver.ObjectAs<AnnText>(0)->GetText(), "abc");
+}
+
+TEST_F(TextModeBesideAShape, PressOnAnotherObjectTakesItFromASelectedText) {
+  m_driver.Press(70, 30);
+  m_driver.Release(70, 30);
+  ASSERT_EQ(m_driver.State(), ToolState::Selected);
+  m_driver.Move(270, 40);
+  m_driver.Press(270, 40);
+  EXPECT_EQ(m_driver.Selected(), &Shape());
+  EXPECT_EQ(m_driver.State(), ToolState::Moving);
+}
+
+TEST_F(TextModeBesideAShape, PressOnNothingTakesTheNextBoxFromASelectedText) {
+  m_driver.Press(70, 30);
+  m_driver.Release(70, 30);
+  m_driver.Press(20, 150);
+  EXPECT_EQ(m_driver.Selected(), nullptr);
+  EXPECT_EQ(m_driver.State(), ToolState::Drawing);
 }
 
 TEST_F(TextMode, RightReleaseBesideTheTextEndsEditing) {

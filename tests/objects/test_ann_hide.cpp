@@ -451,6 +451,22 @@ TEST_F(AnnHideInAVideo, WholePictureIsWorkedOutOncePerFrame) {
   EXPECT_EQ(runs(), before + 1);
 }
 
+TEST_F(AnnHideTest, RegionOfALargePictureIsHiddenUpToItsLastPixel) {
+  // More than a thread keeps memory for.
+  m_picture = NoisePicture(1300, 1200);
+  m_driver.Tool().SetImage(m_picture, true);
+  Look().SetEffect(AnnHideProperties::Pixelation);
+  Look().SetStrength(9);
+  AnnHide const region = Region(Between({0, 0}, {1299, 1199}));
+  wxImage const painted =
+      PaintedBy(IAnnPainter::GraphicsContext, wxSize(1300, 1200), 1.0,
+                [&](auto &painter) { region.Draw(painter, wxPoint2DDouble(0.0, 0.0)); });
+  wxImage const expected = Pixelated(9);
+  for (wxRect const &part : {wxRect(0, 0, 20, 20), wxRect(1280, 1180, 20, 20)}) {
+    EXPECT_TRUE(pixels::Alike(painted.GetSubImage(part), expected.GetSubImage(part), 0));
+  }
+}
+
 }  // namespace
 
 }  // namespace framenote::test

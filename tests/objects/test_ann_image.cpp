@@ -444,6 +444,39 @@ TEST_F(AnnImageInAVideo, MoveGivesTheFrameAFlagOfItsOwnAndMovingAllFramesDoesNot
   EXPECT_EQ(runs(), 3);
 }
 
+TEST_F(AnnImageInAVideo, RunningVideoTakesCornersAndMirroringAlong) {
+  Look().SetKeepAspectRatio(false);
+  AnnImage image = Picture({60, 30}, {100, 70}, 4);
+  GoTo(image, 4);
+  DragHandle(image, {114, 50}, {20, 50});
+  GoTo(image, 5);
+  EXPECT_TRUE(pixels::BoundsOfPaint(Paint(image)).IsEmpty());
+  image.DuplicateLastCoordinates(5);
+  GoTo(image, 5);
+  EXPECT_EQ(At(Paint(image), 30, 50), pixels::kBlue);
+  EXPECT_EQ(At(Paint(image), 50, 50), pixels::kRed);
+  // The first frame has none before it.
+  image.DuplicateLastCoordinates(4);
+  GoTo(image, 4);
+  EXPECT_EQ(At(Paint(image), 30, 50), pixels::kBlue);
+}
+
+TEST_F(AnnImageInAVideo, LongerVideoHasRoomForTheMirroredPicture) {
+  Look().SetKeepAspectRatio(false);
+  AnnImage image = Picture({60, 30}, {100, 70}, 9);
+  GoTo(image, 9);
+  DragHandle(image, {114, 50}, {20, 50});
+  image.OnVideoLengthIncreased(20);
+  image.SetEndFrame(15);
+  image.UpdateCoordinatesPointers(15);
+  EXPECT_EQ(At(Paint(image), 30, 50), pixels::kBlue);
+  image.OnObjectModified();
+  wxJSONValue const runs = image.ToJSON().ItemAt("Rectangle").ItemAt("Coordinates");
+  ASSERT_EQ(runs.Size(), 1);
+  EXPECT_EQ(JsonToUtf8(runs.ItemAt(0).ItemAt("Range")), "[9,15]");
+  EXPECT_TRUE(runs.ItemAt(0).ItemAt("Mirrored").AsBool());
+}
+
 }  // namespace
 
 }  // namespace framenote::test

@@ -7,56 +7,11 @@
 
 #include <gtest/gtest.h>
 
-#include "modes/ann_magnify_tool_mode.h"
-#include "object_support.h"
-#include "objects/ann_magnify.h"
-#include "support/test_pictures.h"
+#include "objects/magnify_support.h"
 
 namespace framenote::test {
 
 namespace {
-
-const wxSize kCanvas(200, 160);
-
-class AnnMagnifyTest : public ObjectTest {
-protected:
-  explicit AnnMagnifyTest(std::int64_t frameCount = 1)
-      : ObjectTest(frameCount), m_picture(PlacePicture(kCanvas.x, kCanvas.y)) {
-    m_driver.Tool().SetImage(m_picture, true);
-  }
-
-  AnnMagnifyProperties &Look() { return *Modes().magnify->m_properties; }
-  /// A lens with the corners `a` and `b`.
-  AnnMagnify Lens(wxPoint const &a, wxPoint const &b, std::int64_t frame = 0) {
-    return {Modes().shape, Modes().magnify, wxRect(a, b), m_driver.Tool().GetImage(), frame};
-  }
-  AnnMagnify Restored(wxJSONValue const &json) {
-    return {Modes().shape, Modes().magnify, json, m_driver.Tool().GetImage()};
-  }
-  wxImage Paint(AnnMagnify const &lens,
-                IAnnPainter::AnnPainterType type = IAnnPainter::GraphicsContext) {
-    return PaintedBy(type, kCanvas, 1.0,
-                     [&](auto &painter) { lens.Draw(painter, wxPoint2DDouble(0.0, 0.0)); });
-  }
-  /// Which pixel of the picture a place of the lens shows.
-  static wxPoint Shown(wxImage const &painted, int x, int y) {
-    return {painted.GetRed(x, y), painted.GetGreen(x, y)};
-  }
-  /// Drags the centre of what is shown.
-  void DragCentre(AnnMagnify &lens, wxPoint2DInt const &delta) {
-    auto const centre = (RecordOf(lens).m_topLeft + RecordOf(lens).m_bottomRight) * 0.5;
-    ASSERT_TRUE(lens.IsAtCenterPoint(PixelOf(centre)));
-    lens.MoveFor(delta);
-  }
-  static wxRect SizeOf(AnnMagnify const &lens) {
-    return {PixelRounded(RecordOf(lens).m_topLeft), PixelRounded(RecordOf(lens).m_bottomRight)};
-  }
-  static wxPoint PixelRounded(wxPoint2DDouble const &point) {
-    return IAnnotationObject::GetRounded(point);
-  }
-
-  wxImage m_picture;
-};
 
 TEST_F(AnnMagnifyTest, ShowsWhatLiesUnderItEnlargedAboutItsCentre) {
   for (auto const type : {IAnnPainter::GraphicsContext, IAnnPainter::DeviceContext}) {
@@ -266,6 +221,58 @@ TEST_F(AnnMagnifyTest, FromThePartOnlyItsPixelsTakePart) {
   EXPECT_EQ(Shown(painted, 40, 40), wxPoint(49, 49));
 }
 
+TEST_F(AnnMagnifyTest, ResizedLensShowsItsNewPlace) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  wxStockCursor cursor = wxCURSOR_ARROW;
+  ASSERT_TRUE(lens.IsAtResizePoint({80, 80}, cursor));
+  lens.PrepareResizing();
+  lens.ResizeTo({100, 80}, false);
+  // Columns 40 to 99 with 69 in their middle: x shows (x + 69) / 2.
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(Shown(painted, 69, 59), wxPoint(69, 59));
+  EXPECT_EQ(Shown(painted, 41, 59), wxPoint(55, 59));
+  EXPECT_EQ(Shown(painted, 99, 59), wxPoint(84, 59));
+}
+
+TEST_F(AnnMagnifyTest, AnotherMethodReachesALensThatIsThere) {
+  m_driver.Tool().SetImage(NoisePicture(kCanvas.x, kCanvas.y), true);
+  Look().SetZoom(3.0);
+  AnnMagnify lens = Lens({40, 40}, {80, 80});
+  Look().SetZoomMethod(wxIMAGE_QUALITY_BICUBIC);
+  lens.UpdateProperties();
+  // The origin of the enlarged picture is 59 * -2 = -118.
+  wxImage const expected = m_driver.Tool()
+                               .GetImage()
+                               .Scale(600, 480, wxIMAGE_QUALITY_BICUBIC)
+                               .GetSubImage(wxRect(158, 158, 40, 40));
+  EXPECT_TRUE(pixels::Alike(Paint(lens).GetSubImage(wxRect(40, 40, 40, 40)), expected, 2));
+}
+
+TEST_F(AnnMagnifyTest, AnotherShapeReachesALensThatIsThere) {
+  AnnMagnify lens = Lens({40, 40}, {100, 80});
+  EXPECT_EQ(Shown(Paint(lens), 43, 43), wxPoint(56, 51));  // (43 + 69) / 2, (43 + 59) / 2
+  Look().SetShape(AnnShapeProperties::Ellipse);
+  lens.UpdateProperties();
+  EXPECT_EQ(pixels::ColourAt(Paint(lens), 43, 43), pixels::kWhite);
+  EXPECT_EQ(Shown(Paint(lens), 69, 59), wxPoint(69, 59));
+  Look().SetShape(AnnShapeProperties::Rectangle);
+  lens.UpdateProperties();
+  EXPECT_EQ(Shown(Paint(lens), 43, 43), wxPoint(56, 51));
+}
+
+TEST_F(AnnMagnifyTest, LensMuchLargerThanThePictureShowsItWithinThePicture) {
+  // 4,001 by 4,001 pixels. All of the picture is its source, with (99, 79) in the middle.
+  AnnMagnify lens = Lens({-2000, -2000}, {2000, 2000});
+  wxImage const painted = Paint(lens);
+  EXPECT_EQ(Shown(painted, 99, 79), wxPoint(99, 79));
+  EXPECT_EQ(Shown(painted, 1, 79), wxPoint(50, 79));
+  EXPECT_EQ(Shown(painted, 199, 159), wxPoint(149, 119));
+  // What is shown lies 50 pixels to the right: x shows (x + 50 + 99) / 2.
+  DragCentre(lens, {50, 0});
+  EXPECT_EQ(Shown(Paint(lens), 49, 79), wxPoint(99, 79));
+  EXPECT_EQ(Shown(Paint(lens), 99, 79), wxPoint(124, 79));
+}
+
 TEST_F(AnnMagnifyTest, DocumentHasItsMembersInOrder) {
   AnnMagnify const lens = Lens({40, 40}, {80, 80});
   std::string const text = JsonToUtf8(lens.ToJSON());
@@ -331,117 +338,6 @@ TEST_F(AnnMagnifyTest, DominantColourIsThatOfTheBorder) {
   Look().SetBorderColor(*wxBLUE);
   lens.UpdateProperties();
   EXPECT_EQ(lens.GetDominantColor(), *wxBLUE);
-}
-
-/// A lens from (20, 20) to (60, 60) whose source is shown 100 to the right and 60 below. The middle
-/// pixel of the source area is (139, 99), the centre of the lens (140, 100) in it: what is shown is
-/// centred on (139.5, 99.5), and its outline reaches from (129.5, 89.5) to (149.5, 109.5).
-class AnnMagnifyLines : public AnnMagnifyTest {
-protected:
-  wxImage PaintWith(AnnMagnifyProperties::BorderType type, AnnShapeProperties::Shape shape,
-                    wxPoint2DInt const &shift = {100, 60}, int thickness = 2) {
-    Look().SetBorderType(type);
-    Look().SetShape(shape);
-    Look().SetBorderColor(*wxRED);
-    Look().SetThickness(thickness);
-    AnnMagnify lens = Lens({20, 20}, {60, 60});
-    if (!(shift == wxPoint2DInt())) DragCentre(lens, shift);
-    return Paint(lens);
-  }
-  static bool IsRedAt(wxImage const &image, double x, double y) {
-    pixels::Rgb const c = pixels::ColourAt(image, static_cast<int>(x), static_cast<int>(y));
-    return c.red > 200 && c.green < 120 && c.blue < 120;
-  }
-  /// Which corners are joined, as the line between their border's middles is red half way.
-  static std::string JoinedCorners(wxImage const &image) {
-    // Thickness 2: the middle of the border lies 1 inside the corner.
-    double const lens[4][2] = {{21, 21}, {59, 21}, {59, 59}, {21, 59}};
-    double const source[4][2] = {{131, 91}, {149, 91}, {149, 109}, {131, 109}};
-    std::string joined;
-    for (int i = 0; i < 4; ++i) {
-      // Beside the lens and the source: at 0.7 of the way.
-      double const x = lens[i][0] + 0.7 * (source[i][0] - lens[i][0]);
-      double const y = lens[i][1] + 0.7 * (source[i][1] - lens[i][1]);
-      if (IsRedAt(image, x, y)) joined += static_cast<char>('0' + i);
-    }
-    return joined;
-  }
-};
-
-TEST_F(AnnMagnifyLines, SourceOfADraggedCentreIsOutlined) {
-  wxImage const painted =
-      PaintWith(AnnMagnifyProperties::PointToZoomedArea4Lines, AnnShapeProperties::Rectangle);
-  EXPECT_TRUE(IsRedAt(painted, 139, 90));
-  EXPECT_TRUE(IsRedAt(painted, 130, 99));
-  EXPECT_FALSE(IsRedAt(painted, 139, 99));
-}
-
-TEST_F(AnnMagnifyLines, BorderTypesJoinTwoThreeAndFourCorners) {
-  auto const joined = [&](AnnMagnifyProperties::BorderType type) {
-    return JoinedCorners(PaintWith(type, AnnShapeProperties::Rectangle));
-  };
-  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea4Lines), "0123");
-  // The line from the top left corner ends at the source's near corner from outside; the one of the
-  // bottom right corner runs through the source.
-  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea3Lines), "013");
-  EXPECT_EQ(joined(AnnMagnifyProperties::PointToZoomedArea2Lines), "13");
-  EXPECT_EQ(joined(AnnMagnifyProperties::ShapeOnly), "");
-}
-
-TEST_F(AnnMagnifyLines, ShapeOnlyShowsNoSource) {
-  wxImage const painted = PaintWith(AnnMagnifyProperties::ShapeOnly, AnnShapeProperties::Rectangle);
-  EXPECT_TRUE(pixels::AreaHas(painted, wxRect(62, 62, 138, 98), pixels::kWhite));
-}
-
-TEST_F(AnnMagnifyLines, DefaultPositionHasNoLines) {
-  for (int const type : {2, 3, 4}) {
-    wxImage const painted = PaintWith(static_cast<AnnMagnifyProperties::BorderType>(type),
-                                      AnnShapeProperties::Rectangle, {0, 0});
-    EXPECT_LE(pixels::BoundsOfPaint(painted).width, 43);
-    EXPECT_EQ(pixels::CountWhere(painted.GetSubImage(wxRect(24, 24, 32, 32)),
-                                 [](pixels::Rgb const &c) { return c == pixels::kRed; }),
-              0);
-  }
-}
-
-TEST_F(AnnMagnifyLines, SmallSourceIsPaintedSolid) {
-  // Half the source's side is 10.
-  wxImage const hollow = PaintWith(AnnMagnifyProperties::PointToZoomedArea3Lines,
-                                   AnnShapeProperties::Rectangle, {100, 60}, 9);
-  EXPECT_FALSE(IsRedAt(hollow, 139, 99));
-  for (auto const shape : {AnnShapeProperties::Rectangle, AnnShapeProperties::Ellipse}) {
-    EXPECT_TRUE(IsRedAt(
-        PaintWith(AnnMagnifyProperties::PointToZoomedArea3Lines, shape, {100, 60}, 10), 139, 99));
-  }
-}
-
-TEST_F(AnnMagnifyLines, EllipseJoinsTheMiddlesOfItsSides) {
-  // Counted along a line across all of them, half way between lens and source.
-  auto const lines = [&](AnnMagnifyProperties::BorderType type) {
-    wxImage const painted = PaintWith(type, AnnShapeProperties::Ellipse);
-    int crossings = 0;
-    bool wasRed = false;
-    for (int i = 0; i < 120; ++i) {
-      bool const isRed = IsRedAt(painted, 140 - i, 30 + i);
-      if (isRed && !wasRed) ++crossings;
-      wasRed = isRed;
-    }
-    return crossings;
-  };
-  // The middles of the sides seen from the source: right, bottom, and, towards the lens, top, left.
-  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea4Lines), 4);
-  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea3Lines), 2);
-  EXPECT_EQ(lines(AnnMagnifyProperties::PointToZoomedArea2Lines), 2);
-  EXPECT_EQ(lines(AnnMagnifyProperties::ShapeOnly), 0);
-}
-
-TEST_F(AnnMagnifyLines, OutlineNearTheEdgeIsCentredOnWhatIsShown) {
-  // The source's centre is dragged to (196, 100): the area is clipped to columns 176 to 199 with
-  // 187 in its middle, and at zoom 2 the lens shows 187 + (196 - 187) / 2 = 191.5 in its centre.
-  wxImage const painted = PaintWith(AnnMagnifyProperties::PointToZoomedArea4Lines,
-                                    AnnShapeProperties::Rectangle, {156, 60});
-  EXPECT_TRUE(IsRedAt(painted, 182, 100));
-  EXPECT_FALSE(IsRedAt(painted, 187, 100));
 }
 
 class AnnMagnifyInAVideo : public AnnMagnifyTest {
@@ -517,6 +413,17 @@ TEST_F(AnnMagnifyInAVideo, LongerVideoAndLaterFramesTakeTheCentre) {
   GoTo(lens, 3);
   lens.UpdateSubImageAndSubBitmap(false);
   EXPECT_EQ(Shown(Paint(lens), 59, 59), wxPoint(79, 59));
+}
+
+TEST_F(AnnMagnifyInAVideo, RunningVideoTakesTheLensAlong) {
+  AnnMagnify lens = Lens({40, 40}, {80, 80}, 2);
+  GoTo(lens, 2);
+  EXPECT_TRUE(lens.AreCoordinatesEmpty(3));
+  lens.DuplicateLastCoordinates(3);
+  GoTo(lens, 3);
+  EXPECT_EQ(SizeOf(lens), wxRect(wxPoint(40, 40), wxPoint(80, 80)));
+  lens.UpdateSubImageAndSubBitmap(false);
+  EXPECT_EQ(Shown(Paint(lens), 79, 59), wxPoint(69, 59));
 }
 
 }  // namespace

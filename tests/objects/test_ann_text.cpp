@@ -445,6 +445,18 @@ TEST(TextLines, BeginningHasAtMostSoManyLinesAndLetters) {
             (std::vector<wxString>{"ab", "cd"}));
 }
 
+TEST_F(AnnTextInAVideo, IsNotHitWhereItHasNoGeometry) {
+  AnnText box(Modes().shape, Modes().text, wxRect(wxPoint(20, 20), wxPoint(60, 40)), 2);
+  box.SetTextAndParse(wxString("abc"), {});
+  GoTo(box, 2);
+  EXPECT_TRUE(box.Contains({30, 30}));
+  GoTo(box, 3);
+  wxStockCursor cursor = wxCURSOR_ARROW;
+  EXPECT_FALSE(box.Contains({30, 30}));
+  EXPECT_FALSE(box.IsOverText({20, 20}, cursor));
+  EXPECT_EQ(cursor, wxCURSOR_ARROW);
+}
+
 }  // namespace
 
 }  // namespace framenote::test

@@ -82,6 +82,21 @@ TEST_F(SpinSlider, SettingAPositionShowsItInBothAndRaisesNothing) {
   EXPECT_EQ(m_events, 0);
 }
 
+TEST_F(SpinSlider, RangeAndStepsAreThoseOfTheSlider) {
+  m_control->SetRange(4, 10);
+  EXPECT_EQ(m_control->GetMin(), 4);
+  EXPECT_EQ(m_control->GetMax(), 10);
+  EXPECT_EQ(Slider().GetMax(), 10);
+  m_control->SetValue(16);
+  EXPECT_EQ(Spin().GetValue(), 5.0);
+  m_control->SetPageSize(3);
+  EXPECT_EQ(m_control->GetPageSize(), 3);
+  EXPECT_EQ(Slider().GetPageSize(), 3);
+  // The toolkit's sliders here have thumbs of one length.
+  m_control->SetThumbLength(9);
+  EXPECT_EQ(m_control->GetThumbLength(), Slider().GetThumbLength());
+}
+
 TEST_F(SpinSlider, WheelOverTheSliderMovesByItsLine) {
   m_control->SetLineSize(2);
   EXPECT_EQ(m_control->GetLineSize(), 2);

@@ -58,6 +58,14 @@ TEST(JsonValue, MissingMemberOrElementReadsAsInvalid) {
   EXPECT_FALSE(wxJSONValue(5).ItemAt("a").IsValid());
 }
 
+TEST(JsonValue, MembersAreWrittenByAnyKindOfText) {
+  wxJSONValue object;
+  object[wxString::FromUTF8("größe")] = 3;
+  object["größe"] = 4;
+  object[wxString("a")]["b"] = true;
+  EXPECT_EQ(TextOf(object), R"({"größe":4,"a":{"b":true}})");
+}
+
 TEST(JsonValue, NullMemberIsNotAMissingOne) {
   wxJSONValue const object = Of(R"({"a":null})");
   EXPECT_TRUE(object.HasMember("a"));
