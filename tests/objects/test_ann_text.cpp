@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <chrono>
+#include <ctime>
 
 #include <wx/frame.h>
 #include <wx/textctrl.h>
@@ -14,6 +14,12 @@
 namespace framenote::test {
 
 namespace {
+
+/// Whatever else the machine does. The limits leave room for sanitizers: work that grew with the
+/// square of a text would take hours.
+double ProcessorSecondsSince(std::clock_t start) {
+  return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
 
 class AnnTextTest : public ObjectTest {
 protected:
@@ -156,13 +162,13 @@ TEST_F(AnnTextTest, EmptyKeyIsIgnoredAndAValueWithItsOwnKeyExpandsOnce) {
 TEST_F(AnnTextTest, ValuesDoNotMakeATextGrowWithoutEnd) {
   wxString const keys('a', 60'000);
   wxString const value('b', 1'000'000);
-  auto const start = std::chrono::steady_clock::now();
+  std::clock_t const start = std::clock();
   EXPECT_EQ(AnnText::ParseString(keys, {{"a", value}}).length(), AnnText::m_maxLength);
   wxString const tail = AnnText::ParseString(keys + "c", {{"a", "dd"}});
   EXPECT_EQ(tail.length(), AnnText::m_maxLength);
   // What is already longer is kept.
   EXPECT_EQ(AnnText::ParseString(wxString('a', 100'000), {{"x", "y"}}).length(), 100'000U);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_LT(ProcessorSecondsSince(start), 60.0);
 }
 
 TEST_F(AnnTextTest, KeyInAValueIsReplacedAccordingToTheMapsOrder) {
@@ -266,11 +272,11 @@ TEST_F(AnnTextTest, LinesThatCannotBeReadGiveAnEmptyText) {
 TEST_F(AnnTextTest, HugeTextIsKeptWholeAndPaintedInPart) {
   constexpr std::size_t kLetters = 10'000'000;
   wxString const letters('x', kLetters);
-  auto const start = std::chrono::steady_clock::now();
+  std::clock_t const start = std::clock();
   AnnText box = WithLines("[\"" + letters + "\"]");
   box.ParseTextLines({{"x", "yy"}});
   Paint(box);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_LT(ProcessorSecondsSince(start), 60.0);
   EXPECT_EQ(box.GetText().length(), kLetters);
   EXPECT_EQ(box.GetParsedText().length(), AnnText::m_maxLength);
   EXPECT_FALSE(box.IsShownWhole());
