@@ -135,7 +135,7 @@ void Canvas::updateCache(wxRect const &target) {
   wxRect const overlap = kept.Intersect(target);
   wxBitmap bitmap =
       overlap.IsEmpty() ? rendered(target) : panned(target, overlap, kept.GetPosition());
-  m_cache = {std::move(bitmap), target, origin, m_view.Zoom()};
+  m_cache = {bitmap, target, origin, m_view.Zoom()};
 }
 
 wxBitmap Canvas::rendered(wxRect const &target) {

@@ -59,7 +59,7 @@ template <>
 FRAMENOTE_API std::vector<wxString> FromJson<std::vector<wxString>>(wxJSONValue const &value);
 
 template <class T>
-wxString ToString(T const &value);
+wxString ToString(T const &);
 template <>
 FRAMENOTE_API wxString ToString<wxColour>(wxColour const &colour);
 template <>

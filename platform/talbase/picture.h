@@ -8,7 +8,7 @@
 
 #include "framenote/export.h"
 
-struct _IplImage;
+struct _IplImage;  // NOLINT(bugprone-reserved-identifier): OpenCV's own name
 using IplImage = _IplImage;
 
 /// A picture whose pixels image kernels can work on. Channels are interleaved, in the order of the

@@ -140,7 +140,7 @@ bool AnnShape::rectangleContains(AnnShapePoints const &record, wxPoint const &po
 
 bool AnnShape::ellipseContains(AnnShapePoints const &record, wxPoint const &point) const {
   wxPoint const sum = GetRounded(record.m_topLeft) + GetRounded(record.m_bottomRight);
-  wxPoint2DDouble const fromCentre(point.x - sum.x / 2, point.y - sum.y / 2);
+  wxPoint2DDouble const fromCentre(point - sum / 2);
   wxPoint2DDouble const v =
       framenote::Turned(fromCentre, -framenote::DegreesFromRadians(m_rotationAngle));
   wxSize const size = GetSize(record);

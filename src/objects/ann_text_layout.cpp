@@ -124,7 +124,7 @@ wxRect AnnText::GetTextBoxPosition() const {
   int const drop = framenote::TruncateToInt(share * (control.y - inside.y));
   topLeft.y += drop;
   bottomRight.y += drop;
-  wxPoint2DDouble const centre((topLeft.x + bottomRight.x) / 2, (topLeft.y + bottomRight.y) / 2);
+  wxPoint2DDouble const centre((topLeft + bottomRight) / 2);
   wxPoint2DDouble const arm = wxPoint2DDouble(topLeft) - centre;
   wxPoint2DDouble const unturned =
       centre + framenote::Turned(arm, -framenote::DegreesFromRadians(m_textAngle));

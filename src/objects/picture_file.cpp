@@ -30,8 +30,8 @@ wxImage ReadPictureFile(wxString const &path) {
   if (path.empty() || !wxFileName::FileExists(path)) return wxNullImage;
   wxLogNull const quiet;
   WithoutAsserts const undisturbed;
-  wxImage image(path, wxBITMAP_TYPE_ANY, -1);
-  if (!image.IsOk()) return wxNullImage;
+  wxImage image;
+  if (!image.LoadFile(path, wxBITMAP_TYPE_ANY, -1)) return wxNullImage;
   long long const pixels = static_cast<long long>(image.GetWidth()) * image.GetHeight();
   bool const isPaintable = std::max(image.GetWidth(), image.GetHeight()) <= kMaxPictureSide;
   return isPaintable && pixels <= kMaxPicturePixels ? image : wxNullImage;

@@ -83,7 +83,7 @@ AnnPainterGraphicsContext::AnnPainterGraphicsContext(wxObject *surface, double s
 }
 
 AnnPainterGraphicsContext::~AnnPainterGraphicsContext() {
-  ResetScale();
+  AnnPainterGraphicsContext::ResetScale();
 }
 
 void AnnPainterGraphicsContext::ResetScale() {
