@@ -444,6 +444,16 @@ TEST_F(AnnImageInAVideo, MoveGivesTheFrameAFlagOfItsOwnAndMovingAllFramesDoesNot
   EXPECT_EQ(runs(), 3);
 }
 
+// Two thirds of 160 are the height, which its own corners miss by a rounding error.
+TEST_F(AnnImageTest, RestoredPictureThatKeepsItsProportionsIsWrittenAsItWasRead) {
+  Look().SetFileName(wxFileName(m_files.Save("thirds.png", wxImage(30, 20))));
+  Look().SetKeepAspectRatio(true);
+  AnnImage image = Picture({10, 10}, {70, 50});
+  image.FitToImage(wxSize(160, 120));
+  image.OnObjectModified();
+  EXPECT_TRUE(Restored(image.ToJSON()).ToJSON().IsSameAs(image.ToJSON()));
+}
+
 }  // namespace
 
 }  // namespace framenote::test
