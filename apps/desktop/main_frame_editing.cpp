@@ -106,11 +106,14 @@ void MainFrame::moveSelected(int dx, int dy) {
 
 void MainFrame::selectRow(int index) {
   auto const &objects = m_tool->AnnotationObjects();
-  if (index < 0 || index >= static_cast<int>(objects.size())) return;
+  // A list can be left without a row; the selection is the tool's.
+  if (index < 0 || index >= static_cast<int>(objects.size())) return showSelection();
   auto const [first, last] = (*std::next(objects.begin(), index))->GetFrameDuration();
   std::int64_t const frame = std::clamp(m_session->Frame(), first, last);
   if (frame != m_session->Frame()) showFrame(frame, false);
   m_tool->SelectObject(static_cast<std::size_t>(index));
+  // Hidden annotations cannot be selected, whatever was clicked.
+  showSelection();
   m_canvas->Refresh();
 }
 
@@ -222,7 +225,11 @@ void MainFrame::dragRange(Timeline::RangeDrag const &drag) {
   } else {
     m_tool->SetSelectedsAnnotationEnd(drag.frame);
   }
-  if (drag.isFinished) m_session->EndGesture();
+  if (drag.isFinished) {
+    m_session->EndGesture();
+    // The end may be where the tool did not take it to.
+    refreshTimeline();
+  }
   m_canvas->Refresh();
 }
 
