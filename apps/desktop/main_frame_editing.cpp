@@ -30,6 +30,8 @@ void MainFrame::redo() {
 }
 
 void MainFrame::changeStep(std::function<bool()> const &change) {
+  // Playing on would take the range of the object that is selected then along, a step of its own.
+  pause();
   m_tool->DeactivateToolAndControls();
   m_session->TakeDocument();
   // Loading a document empties the tool's clipboard.

@@ -353,6 +353,22 @@ TEST_F(MainFrameTest, AListThatLosesItsRowGoesBackToWhatIsSelected) {
   EXPECT_TRUE(table.GetSelection().IsOk());
 }
 
+// While it plays, the range of a selected object goes along: undone was then done anew.
+TEST_F(MainFrameTest, UndoEndsPlaying) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key(WXK_RIGHT);
+  Key('L');
+  Key('Z', wxMOD_CONTROL);
+  std::int64_t const frame = m_frame->OpenSession().Frame();
+  wxMilliSleep(100);
+  Settle();
+  EXPECT_EQ(m_frame->OpenSession().Frame(), frame);
+  EXPECT_TRUE(m_frame->OpenSession().Steps().CanRedo());
+}
+
 TEST_F(MainFrameTest, RangeOfAHiddenObjectStaysWhereItIs) {
   ASSERT_NO_FATAL_FAILURE(Start());
   OpenClip();
