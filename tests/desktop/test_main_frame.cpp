@@ -10,6 +10,7 @@
 #include <wx/dataview.h>
 #include <wx/fileconf.h>
 #include <wx/filedlg.h>
+#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 
@@ -387,6 +388,19 @@ TEST_F(MainFrameTest, RangeOfAHiddenObjectStaysWhereItIs) {
   m_mouse.MouseUp();
   Settle();
   EXPECT_EQ(timeline.RangeOf(0), Timeline::Run(0, 0));
+}
+
+TEST_F(MainFrameTest, CommandThatIsNotThereAnyMoreDoesNothing) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  int const saveAs = m_frame->GetMenuBar()->FindMenuItem("File", "Save As...");
+  ASSERT_NE(saveAs, wxNOT_FOUND);
+  Key('W', wxMOD_CONTROL);
+  ASSERT_FALSE(m_frame->OpenSession().HasMedia());
+  m_answers.path = In("nothing.framenote");
+  wxCommandEvent event(wxEVT_MENU, saveAs);
+  m_frame->ProcessWindowEvent(event);
+  EXPECT_FALSE(fs::exists(In("nothing.framenote")));
 }
 
 }  // namespace
