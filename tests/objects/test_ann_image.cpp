@@ -451,7 +451,9 @@ TEST_F(AnnImageTest, RestoredPictureThatKeepsItsProportionsIsWrittenAsItWasRead)
   AnnImage image = Picture({10, 10}, {70, 50});
   image.FitToImage(wxSize(160, 120));
   image.OnObjectModified();
-  EXPECT_TRUE(Restored(image.ToJSON()).ToJSON().IsSameAs(image.ToJSON()));
+  AnnImage restored = Restored(image.ToJSON());
+  restored.OnObjectModified();
+  EXPECT_TRUE(restored.ToJSON().IsSameAs(image.ToJSON()));
 }
 
 }  // namespace
