@@ -96,23 +96,24 @@ Session const &Monkey::Open() const {
 }
 
 void Monkey::BeginStep(int number, char const *name) {
-  writeStep();
   std::seed_seq seed{m_seed, static_cast<unsigned>(number)};
   m_random.seed(seed);
   m_dialogs.Seed(seed);
   m_steps.push_back(std::to_string(number) + " " + name);
   if (m_steps.size() > kStepsTold) m_steps.pop_front();
+  trace("\n" + m_steps.back());
 }
 
 // At once, so that a crash leaves it behind.
-void Monkey::writeStep() {
-  if (m_trace == nullptr || m_steps.empty()) return;
-  std::fprintf(m_trace, "%s\n", m_steps.back().c_str());
+void Monkey::trace(std::string const &words) {
+  if (m_trace == nullptr) return;
+  std::fputs(words.c_str(), m_trace);
   std::fflush(m_trace);
 }
 
 void Monkey::Say(std::string const &words) {
   m_steps.back() += " " + words;
+  trace(" " + words);
 }
 
 std::string Monkey::LastSteps() const {

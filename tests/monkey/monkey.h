@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdio>
 #include <deque>
 #include <random>
+#include <set>
 #include <string>
-#include <vector>
 
 #include <wx/gdicmn.h>
 
@@ -90,7 +91,7 @@ public:
 
 private:
   void start();
-  void writeStep();
+  void trace(std::string const &words);
 
   unsigned m_seed;
   std::mt19937 m_random;
