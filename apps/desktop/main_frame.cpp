@@ -2,6 +2,7 @@
 #include "desktop/main_frame.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <wx/aui/framemanager.h>
 #include <wx/config.h>
@@ -161,7 +162,7 @@ void MainFrame::bindToolEvents() {
     if (!m_isDraggingRange) m_session->TakeDocument();
     m_canvas->Refresh();
   });
-  Bind(wxEVT_ANN_FRAME_RANGE_CHANGED, &MainFrame::onRanges, this);
+  Bind(wxEVT_ANN_FRAME_RANGE_CHANGED, [this](AnnotationFrameRangeChangedEvent &) { onRanges(); });
   Bind(wxEVT_ANN_OBJECT_SELECTED, [this](AnnotationObjectSelectedEvent &) { showSelection(); });
   Bind(wxEVT_ANN_OBJECT_DESELECTED, [this](AnnotationObjectDeselectedEvent &) { showSelection(); });
   Bind(wxEVT_ANN_TEXT_EDITION_FINISHED,
@@ -204,9 +205,21 @@ void MainFrame::onFrameShown() {
 
 void MainFrame::onDocumentChanged() {
   refreshTitle();
+  refreshTimeline();
   refreshObjects();
-  refreshStillRuns();
   m_canvas->Refresh();
+}
+
+// Events come later than what they tell of, even after everything was closed: the tool is asked
+// instead.
+void MainFrame::refreshTimeline() {
+  Timeline::Ranges ranges;
+  for (IAnnotationObject *const object : m_tool->AnnotationObjects()) {
+    auto const [first, last] = object->GetFrameDuration();
+    ranges.emplace_back(first, last, object->GetDominantColor());
+  }
+  m_timeline->SetRanges(ranges, selectedIndex());
+  refreshStillRuns();
 }
 
 void MainFrame::refreshStillRuns() {
@@ -218,9 +231,8 @@ void MainFrame::refreshStillRuns() {
   }
 }
 
-void MainFrame::onRanges(AnnotationFrameRangeChangedEvent &event) {
-  m_timeline->SetRanges(event.FrameRanges(), event.SelectedIndex());
-  refreshStillRuns();
+void MainFrame::onRanges() {
+  refreshTimeline();
   refreshObjects();
 }
 
@@ -269,15 +281,17 @@ void MainFrame::showPosition() {
   SetStatusText(shown, kFrameField);
 }
 
+int MainFrame::selectedIndex() const {
+  auto const &objects = m_tool->AnnotationObjects();
+  auto const selected = std::find(objects.begin(), objects.end(), m_tool->GetSelectedObject());
+  return selected == objects.end() ? -1
+                                   : static_cast<int>(std::distance(objects.begin(), selected));
+}
+
 void MainFrame::showSelection() {
   IAnnotationObject *const selected = m_tool->GetSelectedObject();
-  int index = -1;
-  int number = 0;
-  for (IAnnotationObject const *object : m_tool->AnnotationObjects()) {
-    if (object == selected) index = number;
-    ++number;
-  }
-  m_objects->SetSelected(index);
+  m_objects->SetSelected(selectedIndex());
+  m_timeline->SetSelected(selectedIndex());
   wxString text;
   if (auto const *const shape = dynamic_cast<AnnShape const *>(selected)) {
     wxRect const rect = shape->GetContainingRect(m_session->Frame());

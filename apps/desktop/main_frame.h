@@ -42,6 +42,11 @@ public:
   /// Offers what earlier sessions left behind without saving.
   void OfferRecovery();
 
+  // --- For those who watch the window ---
+
+  AnnotationTool const &Tool() const { return *m_tool; }
+  Session const &OpenSession() const { return *m_session; }
+
 private:
   /// One thing that the user can have done.
   struct Command {
@@ -161,8 +166,10 @@ private:
   // Keeping the window up to date
   void onFrameShown();
   void onDocumentChanged();
-  void onRanges(AnnotationFrameRangeChangedEvent &event);
+  void onRanges();
+  int selectedIndex() const;
   void refreshObjects();
+  void refreshTimeline();
   void refreshStillRuns();
   void refreshTitle();
   void refreshMenus(wxUpdateUIEvent &event, Command const &command);

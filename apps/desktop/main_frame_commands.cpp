@@ -155,7 +155,11 @@ void MainFrame::makeMenus() {
       wxMenuItem *const item = menu->Append(wxID_ANY, label, wxString(),
                                             command.isChecked ? wxITEM_CHECK : wxITEM_NORMAL);
       Bind(
-          wxEVT_MENU, [this, &command](wxCommandEvent &) { (this->*command.run)(); },
+          wxEVT_MENU,
+          [this, &command](wxCommandEvent &) {
+            // Items are disabled when there is time for it; a key may come before that.
+            if ((this->*command.isEnabled)()) (this->*command.run)();
+          },
           item->GetId());
       Bind(
           wxEVT_UPDATE_UI,

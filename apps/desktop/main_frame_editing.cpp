@@ -30,6 +30,8 @@ void MainFrame::redo() {
 }
 
 void MainFrame::changeStep(std::function<bool()> const &change) {
+  // Playing on would take the range of the object that is selected then along, a step of its own.
+  pause();
   m_tool->DeactivateToolAndControls();
   m_session->TakeDocument();
   // Loading a document empties the tool's clipboard.
@@ -106,11 +108,14 @@ void MainFrame::moveSelected(int dx, int dy) {
 
 void MainFrame::selectRow(int index) {
   auto const &objects = m_tool->AnnotationObjects();
-  if (index < 0 || index >= static_cast<int>(objects.size())) return;
+  // A list can be left without a row; the selection is the tool's.
+  if (index < 0 || index >= static_cast<int>(objects.size())) return showSelection();
   auto const [first, last] = (*std::next(objects.begin(), index))->GetFrameDuration();
   std::int64_t const frame = std::clamp(m_session->Frame(), first, last);
   if (frame != m_session->Frame()) showFrame(frame, false);
   m_tool->SelectObject(static_cast<std::size_t>(index));
+  // Hidden annotations cannot be selected, whatever was clicked.
+  showSelection();
   m_canvas->Refresh();
 }
 
@@ -222,7 +227,11 @@ void MainFrame::dragRange(Timeline::RangeDrag const &drag) {
   } else {
     m_tool->SetSelectedsAnnotationEnd(drag.frame);
   }
-  if (drag.isFinished) m_session->EndGesture();
+  if (drag.isFinished) {
+    m_session->EndGesture();
+    // The end may be where the tool did not take it to.
+    refreshTimeline();
+  }
   m_canvas->Refresh();
 }
 

@@ -119,6 +119,15 @@ void Timeline::SetRanges(Ranges const &ranges, int selectedIndex) {
   });
 }
 
+void Timeline::SetSelected(int index) {
+  int const wanted = index >= 0 && index < rowCount() ? index : -1;
+  if (wanted == m_selected) return;
+  m_selected = wanted;
+  changeView([this] {
+    if (m_selected >= 0) m_layout.RevealRow(m_selected);
+  });
+}
+
 void Timeline::SetStillRuns(int index, std::vector<Run> runs) {
   if (index < 0 || index >= rowCount()) return;
   row(index).stillRuns = std::move(runs);

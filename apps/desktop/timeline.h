@@ -46,12 +46,18 @@ public:
   /// What a frame range event carries. Forgets the still runs if the number of ranges changes. A
   /// range whose end is being dragged stays as the mouse has it.
   void SetRanges(Ranges const &ranges, int selectedIndex);
+  /// Brings the row into view if it was not the selected one; an unknown index selects none.
+  void SetSelected(int index);
   /// Where an object stands still: its bar gets a tick at each frame that does not continue a run.
   /// In ascending order; an unknown index does nothing.
   void SetStillRuns(int index, std::vector<Run> runs);
   void ShowAll();
   TimelineLayout const &Layout() const { return m_layout; }
   std::int64_t Frame() const { return m_frame; }
+  int RowCount() const { return rowCount(); }
+  /// REQUIRES: 0 <= index < RowCount().
+  Run RangeOf(int index) const { return {row(index).first, row(index).last}; }
+  int SelectedRow() const { return m_selected; }
 
   // --- What the user wants; one handler each ---
 

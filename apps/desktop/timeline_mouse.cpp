@@ -82,6 +82,8 @@ void Timeline::press(wxPoint const &at) {
   if (hit.kind == Hit::Kind::Nothing) return;
   if (hit.kind != Hit::Kind::Playhead && hit.row != m_selected) selectRow(hit.row);
   if (hit.kind == Hit::Kind::Row) return;
+  // The owner may have refused the row.
+  if (hit.kind != Hit::Kind::Playhead && hit.row != m_selected) return;
   CaptureMouse();
   if (hit.kind == Hit::Kind::Playhead) {
     m_drag = Drag::Playhead;

@@ -18,6 +18,8 @@ namespace {
 
 /// Levels by which lossy files miss pure white and black.
 constexpr unsigned char kTolerance = 3;
+/// By which share a side may miss the picture's proportions and still have them.
+constexpr double kRounding = 1e-9;
 
 void SetUprightCorners(AnnShapePoints &record, wxPoint2DDouble const &centre, double halfWidth,
                        double halfHeight) {
@@ -87,6 +89,8 @@ void AnnImage::updateRectSizeOnKeepAspectRatio() {
     // A rectangle of no height has no side to stretch, and one of no bounds none to measure.
     double const length = left.GetVectorLength();
     if (!(length > 0.0) || !std::isfinite(length) || !std::isfinite(ratio * width)) return;
+    // Rounding alone must not move a corner: a document is to be loaded as it was written.
+    if (std::abs(length - ratio * width) <= kRounding * length) return;
     wxPoint2DDouble const down = framenote::WithLength(left, ratio * width);
     record.m_bottomLeft = record.m_topLeft + down;
     record.m_bottomRight = record.m_topRight + down;

@@ -7,9 +7,11 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/filepicker.h>
+#include <wx/log.h>
 #include <wx/odcombo.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/translation.h>
 
 #include "framenote/annotation_panel.h"
@@ -50,6 +52,11 @@ wxPanel *AnnotationPanel::CreateImagePropertiesPanel() {
       wxFLP_SMALL | wxFLP_CHANGE_DIR | wxFLP_FILE_MUST_EXIST | wxFLP_OPEN | wxFLP_USE_TEXTCTRL,
       wxDefaultValidator, wxFilePickerCtrlNameStr);
   framenote::NameForScreenReaders(*m_filePicker, wxGetTranslation(wxFileSelectorPromptStr));
+  // The control tries to make each typed name the current folder, and complains that it is none.
+  m_filePicker->GetTextCtrl()->Bind(wxEVT_TEXT, [this](wxCommandEvent &) {
+    wxLogNull const quiet;
+    m_filePicker->UpdatePickerFromTextCtrl();
+  });
   m_filePicker->Bind(wxEVT_FILEPICKER_CHANGED, [this](wxFileDirPickerEvent &) {
     wxFileName const name = m_filePicker->GetFileName();
     if (name.FileExists() && IsPictureName(name)) choosePicture(name.GetFullPath());

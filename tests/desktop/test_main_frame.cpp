@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include <wx/dataview.h>
 #include <wx/fileconf.h>
 #include <wx/filedlg.h>
+#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -17,6 +19,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/main_frame.h"
+#include "desktop/object_list.h"
+#include "desktop/timeline.h"
 #include "desktop/window_fixture.h"
 #include "framenote/annotation_catalogue.h"
 #include "framenote/annotation_panel.h"
@@ -314,6 +318,108 @@ TEST_F(MainFrameTest, AFileThatGoesAwayWhileItIsOpenIsToldAndNothingIsLost) {
   Key(WXK_END);
   Key(WXK_HOME);
   EXPECT_EQ(Saved("work.framenote").Size(), 1);
+}
+
+TEST_F(MainFrameTest, TheTimelineSelectsWhatIsPasted) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key('C', wxMOD_CONTROL);
+  Key('V', wxMOD_CONTROL);
+  Timeline const &timeline = *FindChild<Timeline>(*m_frame);
+  ASSERT_EQ(timeline.RowCount(), 2);
+  EXPECT_EQ(timeline.SelectedRow(), 0);
+}
+
+TEST_F(MainFrameTest, ClosedMediaLeavesNoRowsInTheTimeline) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Timeline const &timeline = *FindChild<Timeline>(*m_frame);
+  ASSERT_EQ(timeline.RowCount(), 1);
+  m_answers.button = wxID_NO;
+  Key('W', wxMOD_CONTROL);
+  EXPECT_EQ(timeline.RowCount(), 0);
+}
+
+TEST_F(MainFrameTest, NoRowIsSelectedWhileAnnotationsAreHidden) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key('H', wxMOD_CONTROL);
+  Timeline &timeline = *FindChild<Timeline>(*m_frame);
+  ASSERT_EQ(timeline.SelectedRow(), -1);
+  timeline.SetFocus();
+  Key(WXK_DOWN);
+  EXPECT_EQ(timeline.SelectedRow(), -1);
+  EXPECT_EQ(FindChild<ObjectList>(*m_frame)->Selected(), -1);
+}
+
+TEST_F(MainFrameTest, AListThatLosesItsRowGoesBackToWhatIsSelected) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  ObjectList &list = *FindChild<ObjectList>(*m_frame);
+  ASSERT_EQ(list.Selected(), 0);
+  auto &table = *FindChild<wxDataViewCtrl>(list);
+  table.UnselectAll();
+  wxDataViewEvent event(wxEVT_DATAVIEW_SELECTION_CHANGED, &table, wxDataViewItem());
+  table.ProcessWindowEvent(event);
+  EXPECT_EQ(list.Selected(), 0);
+  EXPECT_TRUE(table.GetSelection().IsOk());
+}
+
+// While it plays, the range of a selected object goes along: undone was then done anew.
+TEST_F(MainFrameTest, UndoEndsPlaying) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key(WXK_RIGHT);
+  Key('L');
+  Key('Z', wxMOD_CONTROL);
+  std::int64_t const frame = m_frame->OpenSession().Frame();
+  wxMilliSleep(100);
+  Settle();
+  EXPECT_EQ(m_frame->OpenSession().Frame(), frame);
+  EXPECT_TRUE(m_frame->OpenSession().Steps().CanRedo());
+}
+
+TEST_F(MainFrameTest, RangeOfAHiddenObjectStaysWhereItIs) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  Key('H', wxMOD_CONTROL);
+  Timeline const &timeline = *FindChild<Timeline>(*m_frame);
+  ASSERT_EQ(timeline.RangeOf(0), Timeline::Run(0, 0));
+  wxRect const bar = timeline.Layout().Bar(0, 0, 0);
+  wxPoint const end = timeline.ClientToScreen(wxPoint(bar.GetRight() - 1, bar.y + bar.height / 2));
+  m_mouse.MouseMove(end);
+  m_mouse.MouseDown();
+  Settle();
+  m_mouse.MouseMove(end + wxPoint(200, 0));
+  Settle();
+  m_mouse.MouseUp();
+  Settle();
+  EXPECT_EQ(timeline.RangeOf(0), Timeline::Run(0, 0));
+}
+
+TEST_F(MainFrameTest, CommandThatIsNotThereAnyMoreDoesNothing) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  int const saveAs = m_frame->GetMenuBar()->FindMenuItem("File", "Save As...");
+  ASSERT_NE(saveAs, wxNOT_FOUND);
+  Key('W', wxMOD_CONTROL);
+  ASSERT_FALSE(m_frame->OpenSession().HasMedia());
+  m_answers.path = In("nothing.framenote");
+  wxCommandEvent event(wxEVT_MENU, saveAs);
+  m_frame->ProcessWindowEvent(event);
+  EXPECT_FALSE(fs::exists(In("nothing.framenote")));
 }
 
 }  // namespace

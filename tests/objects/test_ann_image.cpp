@@ -477,6 +477,18 @@ TEST_F(AnnImageInAVideo, LongerVideoHasRoomForTheMirroredPicture) {
   EXPECT_TRUE(runs.ItemAt(0).ItemAt("Mirrored").AsBool());
 }
 
+// Two thirds of 160 are the height, which its own corners miss by a rounding error.
+TEST_F(AnnImageTest, RestoredPictureThatKeepsItsProportionsIsWrittenAsItWasRead) {
+  Look().SetFileName(wxFileName(m_files.Save("thirds.png", wxImage(30, 20))));
+  Look().SetKeepAspectRatio(true);
+  AnnImage image = Picture({10, 10}, {70, 50});
+  image.FitToImage(wxSize(160, 120));
+  image.OnObjectModified();
+  AnnImage restored = Restored(image.ToJSON());
+  restored.OnObjectModified();
+  EXPECT_TRUE(restored.ToJSON().IsSameAs(image.ToJSON()));
+}
+
 }  // namespace
 
 }  // namespace framenote::test

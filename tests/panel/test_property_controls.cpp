@@ -5,11 +5,13 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <wx/dcmemory.h>
 #include <wx/filedlg.h>
 #include <wx/filepicker.h>
 #include <wx/fontpicker.h>
+#include <wx/log.h>
 #include <wx/modalhook.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
@@ -394,6 +396,30 @@ TEST_F(PropertyControls, ValuesBeyondTheLabelsAreShownAsNone) {
   }
   EXPECT_EQ(Find<wxSliderBase>(40)->GetValue(), 16);
   EXPECT_EQ(Find<wxSliderBase>(46)->GetValue(), 1);
+}
+
+/// Keeps what is logged, as long as it lives.
+class LoggedLines : public wxLog {
+public:
+  LoggedLines() : m_before(SetActiveTarget(this)) {}
+  ~LoggedLines() override { SetActiveTarget(m_before); }
+  std::vector<std::string> lines;
+
+private:
+  void DoLogText(wxString const &text) override { lines.push_back(text.utf8_string()); }
+
+  wxLog *m_before;  // owned by wxLog
+};
+
+// The control would make a name the current folder with each key.
+TEST_F(PropertyControls, TypingThePictureFileLogsNothing) {
+  LoggedLines const log;
+  wxFilePickerCtrl &picker = Picker();
+  picker.GetTextCtrl()->SetValue(wxString::FromUTF8(m_path) + ".non");
+  EXPECT_EQ(picker.GetPath(), wxString::FromUTF8(m_path) + ".non");
+  picker.GetTextCtrl()->SetValue(wxString::FromUTF8(m_path));
+  EXPECT_EQ(picker.GetPath(), wxString::FromUTF8(m_path));
+  EXPECT_EQ(log.lines, std::vector<std::string>());
 }
 
 }  // namespace
