@@ -21,8 +21,8 @@ public:
 
   /// A new session begins.
   void Begin();
-  /// `call` has just returned.
-  void Check(HostSession &session, char const *call);
+  /// `call` has just returned; `isLast` in this session.
+  void Check(HostSession &session, char const *call, bool isLast);
 
 private:
   void checkFlags(AnnotationTool const &tool) const;
@@ -37,6 +37,7 @@ private:
   std::shared_ptr<AnnotationTool> m_reader;  ///< loads what the tool has written
   wxJSONValue m_lastLoaded;
   char const *m_call = "";
+  int m_calls = 0;
 };
 
 }  // namespace framenote::fuzz
