@@ -80,7 +80,7 @@ std::string LeftsOfRuns(AnnotationTool const &tool) {
   return lefts;
 }
 
-void Run(ToolDriver &driver, AnnotationCommand command) {
+void RunCommand(ToolDriver &driver, AnnotationCommand command) {
   wxCommandEvent event(wxEVT_MENU, static_cast<int>(command));
   driver.Tool().onPopupClick(event);
 }
@@ -93,9 +93,9 @@ TEST(ToolDocument, OtherRunsOfAPastedObjectAreWrittenWhenTheyAreEdited) {
   driver.GoToFrame(5);
   driver.Tool().MoveSelected({100, 0});
   EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,4]20.0 [5,5]120.0 ");
-  Run(driver, AnnotationCommand::Copy);
+  RunCommand(driver, AnnotationCommand::Copy);
   driver.Move(150, 20);
-  Run(driver, AnnotationCommand::Paste);
+  RunCommand(driver, AnnotationCommand::Paste);
   AnnShapeCoordinates const &store = driver.ObjectAs<AnnShape>()->GetCoordinates();
   EXPECT_EQ(store.CoordsAt(0).m_topLeft, wxPoint2DDouble(50.0, 20.0));
   EXPECT_EQ(store.CoordsAt(5).m_topLeft, wxPoint2DDouble(150.0, 20.0));
