@@ -105,6 +105,19 @@ TEST(ToolDocument, OtherRunsOfAPastedObjectAreWrittenWhenTheyAreEdited) {
   EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,0]50.0 [1,4]20.0 [5,5]150.0 ");
 }
 
+TEST(ToolDocument, HoldsADragThatAnOrderCommandCutsOff) {
+  for (auto const command : {AnnotationCommand::BringToFront, AnnotationCommand::BringForward,
+                             AnnotationCommand::SendToBack, AnnotationCommand::SendBackward}) {
+    ToolDriver driver;
+    driver.DrawShape({20, 20}, {120, 80});
+    driver.Press(45, 22);
+    driver.Move(55, 22);
+    ASSERT_EQ(driver.State(), ToolState::Moving);
+    RunCommand(driver, command);
+    EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,0]30.0 ");
+  }
+}
+
 TEST(ToolDocument, ObjectsOfARestoredDocumentCanBeUsed) {
   ToolDriver driver(10);
   DrawThree(driver);
