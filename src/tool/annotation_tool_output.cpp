@@ -64,6 +64,8 @@ void AnnotationTool::addTextBox(wxString const &text) {
                                        m_mediaInfo.frameIndex);
   box->SetTextAndParse(text, m_textMacros);
   if (box->WouldDisappear()) return;
+  // What a gesture has done so far stays, as when the selection ends.
+  onObjectsModified();
   m_objects.push_front(box.release());  // owned by the list
   changeSelectedTo(m_objects.begin(), false);
   setNextStateOnSelected();

@@ -69,9 +69,9 @@ TEST(ToolDocument, IsWrittenExactlyAsItWasRead) {
   EXPECT_NE(other.ObjectAs<AnnPencil>(2), nullptr);
 }
 
-/// First and last frame of each run of the top object, with the left side that is written there.
-std::string LeftsOfRuns(AnnotationTool const &tool) {
-  wxJSONValue const runs = tool.GetJSON().ItemAt("Objects").ItemAt(0).ItemAt("Coordinates");
+/// First and last frame of each run of an object, with the left side that is written there.
+std::string LeftsOfRuns(AnnotationTool const &tool, int index = 0) {
+  wxJSONValue const runs = tool.GetJSON().ItemAt("Objects").ItemAt(index).ItemAt("Coordinates");
   std::string lefts;
   for (int i = 0; i < runs.Size(); ++i) {
     wxJSONValue const run = runs.ItemAt(i);
@@ -116,6 +116,17 @@ TEST(ToolDocument, HoldsADragThatAnOrderCommandCutsOff) {
     RunCommand(driver, command);
     EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,0]30.0 ");
   }
+}
+
+TEST(ToolDocument, HoldsADragThatANewTextBoxCutsOff) {
+  ToolDriver driver;
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.Press(45, 22);
+  driver.Move(55, 22);
+  ASSERT_EQ(driver.State(), ToolState::Moving);
+  driver.Tool().AddTextMacro("%F%");
+  ASSERT_EQ(driver.ObjectCount(), 2U);
+  EXPECT_EQ(LeftsOfRuns(driver.Tool(), 1), "[0,0]30.0 ");
 }
 
 TEST(ToolDocument, ObjectsOfARestoredDocumentCanBeUsed) {
