@@ -2,6 +2,7 @@
 #include "document/document_trial.h"
 
 #include <initializer_list>
+#include <string>
 
 #include <wx/dcmemory.h>
 
@@ -9,6 +10,7 @@
 #include "framenote/annotation_tool.h"
 #include "objects/annotation_object.h"
 #include "painters/ann_painter.h"
+#include "support/document_grammar.h"
 #include "support/session.h"
 #include "talbase/json_text.h"
 
@@ -38,6 +40,19 @@ std::shared_ptr<AnnotationTool> MakeTool(bool rendersWithDeviceContext, bool isE
   return std::make_shared<AnnotationTool>(config);
 }
 
+/// The text with the place of the pictures in it: an input is the same on every machine.
+std::string WithPictures(std::string_view text) {
+  std::string_view const token = kPictureFolder;
+  std::string result;
+  std::size_t at = 0;
+  for (std::size_t found = text.find(token); found != std::string_view::npos;
+       found = text.find(token, at)) {
+    result.append(text.substr(at, found - at)).append(FRAMENOTE_FUZZ_PICTURES);
+    at = found + token.size();
+  }
+  return result.append(text.substr(at));
+}
+
 wxJSONValue DocumentOf(AnnotationTool const &tool) {
   wxJSONValue annotations(wxJSONTYPE_OBJECT);
   tool.ToJSON(annotations);
@@ -57,7 +72,7 @@ DocumentTrial::DocumentTrial()
 DocumentTrial::~DocumentTrial() = default;
 
 void DocumentTrial::Run(std::string_view text) {
-  wxJSONValue const document = JsonFromUtf8(text);
+  wxJSONValue const document = JsonFromUtf8(WithPictures(text));
   load(*m_reader, document);
   paint(*m_reader);
   burnIn(*m_reader);
