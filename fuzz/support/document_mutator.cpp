@@ -11,7 +11,7 @@
 namespace framenote::fuzz {
 namespace {
 
-constexpr std::size_t kMostObjects = 6;
+constexpr std::size_t kMostObjects = 4;
 
 /// A value within a document, and the name of the member that holds it or its array.
 struct Place {
