@@ -113,7 +113,7 @@ void TakePicture(ToolDriver &driver) {
 void Draw(ToolDriver &driver, Types type) {
   driver.GoToFrame(0);
   if (type == Types::Pencil) {
-    driver.DrawStroke({{8, 8}, {20, 12}, {30, 30}, {50, 20}});
+    driver.DrawStroke({{8, 8}, {14, 10}, {20, 12}, {26, 20}, {30, 30}, {40, 25}, {50, 20}});
   } else {
     driver.UseTool(type);
     driver.Drag({8, 8}, {48, 32});
@@ -158,17 +158,27 @@ void WriteProjects(fs::path const &folder, std::string const &name, wxJSONValue 
             std::string("\n") + text + "\n");
 }
 
-wxJSONValue DrawDocument(Kind const *first, Kind const *last, bool hasOwnLook) {
+/// The object as the document holds it.
+wxJSONValue DrawnObject(Kind const &kind, bool hasOwnLook) {
   ToolDriver driver(kFrameCount);
   TakePicture(driver);
-  for (Kind const *kind = first; kind != last; ++kind) {
-    if (hasOwnLook) kind->setLook(driver.Tool().GetToolModes());
-    Draw(driver, kind->type);
-  }
-  if (driver.ObjectCount() != static_cast<std::size_t>(last - first)) {
-    framenote::fuzz::Fail("not all objects were drawn");
-  }
-  return DocumentOf(driver.Tool().GetJSON());
+  if (hasOwnLook) kind.setLook(driver.Tool().GetToolModes());
+  Draw(driver, kind.type);
+  if (driver.ObjectCount() != 1) framenote::fuzz::Fail(std::string("not drawn: ") + kind.name);
+  return driver.Object()->ToJSON();
+}
+
+wxJSONValue DocumentWith(wxJSONValue const &objects) {
+  wxJSONValue annotations(wxJSONTYPE_OBJECT);
+  annotations.Set("ExtensionColor", wxJSONValue("#00FF00FF"));
+  annotations.Set("Objects", objects);
+  return DocumentOf(annotations);
+}
+
+void WriteDocument(fs::path const &path, wxJSONValue const &object) {
+  wxJSONValue objects(wxJSONTYPE_ARRAY);
+  objects.Append(object);
+  Write(path, Written(DocumentWith(objects)));
 }
 
 }  // namespace
@@ -181,13 +191,16 @@ int main(int argc, char **argv) {
   framenote::fuzz::StartWithoutDisplay();
   fs::path const documents = argv[1];
   fs::path const projects = argv[2];
+  wxJSONValue objects(wxJSONTYPE_ARRAY);
   for (Kind const &kind : kKinds) {
-    Write(documents / (std::string(kind.name) + ".json"),
-          Written(DrawDocument(&kind, &kind + 1, false)));
-    Write(documents / (std::string(kind.name) + "-look.json"),
-          Written(DrawDocument(&kind, &kind + 1, true)));
+    std::string const name = kind.name;
+    wxJSONValue const object = DrawnObject(kind, true);
+    WriteDocument(documents / (name + ".json"), DrawnObject(kind, false));
+    WriteDocument(documents / (name + "-look.json"), object);
+    objects.Append(object);
   }
-  wxJSONValue const all = DrawDocument(std::begin(kKinds), std::end(kKinds), true);
+  Write(documents / "empty.json", Written(DocumentWith(wxJSONValue(wxJSONTYPE_ARRAY))));
+  wxJSONValue const all = DocumentWith(objects);
   Write(documents / "all.json", Written(all));
   WriteProjects(projects, "all", all);
   WriteProjects(projects, "empty", DocumentOf(wxJSONValue()));
