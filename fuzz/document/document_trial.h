@@ -29,7 +29,7 @@ public:
 private:
   void load(AnnotationTool &tool, wxJSONValue const &document) const;
   void paint(AnnotationTool &tool);
-  void burnIn(AnnotationTool &tool) const;
+  void burnIn(AnnotationTool &tool, std::int64_t frame) const;
 
   wxImage m_picture;
   wxBitmap m_screen;

@@ -90,6 +90,9 @@ int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
 std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t maxSize,
                                     unsigned int seed) {
   std::minstd_rand random(seed);
+  // Calls past the last one that runs would only take time.
+  maxSize = std::min(maxSize, kHeaderSize + kMaxCalls * kCallSize);
+  size = std::min(size, maxSize);
   std::size_t const room = maxSize < kHeaderSize ? 0 : (maxSize - kHeaderSize) / kCallSize;
   std::size_t const count = size < kHeaderSize ? 0 : (size - kHeaderSize) / kCallSize;
   if (size < kHeaderSize || room == 0 || random() % 2 == 0) {
