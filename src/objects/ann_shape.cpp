@@ -140,7 +140,9 @@ bool AnnShape::rectangleContains(AnnShapePoints const &record, wxPoint const &po
 
 bool AnnShape::ellipseContains(AnnShapePoints const &record, wxPoint const &point) const {
   wxPoint const sum = GetRounded(record.m_topLeft) + GetRounded(record.m_bottomRight);
-  wxPoint2DDouble const fromCentre(point - sum / 2);
+  wxPoint const centre = sum / 2;
+  // In doubles, as a pointer may be anywhere.
+  wxPoint2DDouble const fromCentre(double(point.x) - centre.x, double(point.y) - centre.y);
   wxPoint2DDouble const v =
       framenote::Turned(fromCentre, -framenote::DegreesFromRadians(m_rotationAngle));
   wxSize const size = GetSize(record);

@@ -222,7 +222,8 @@ void AnnotationTool::swapSelectedWith(Iterator neighbour) {
 
 void AnnotationTool::onOrderChanged() {
   setNextStateOnSelected();
-  OnJsonChanged();
+  // A gesture that the command has cut off stays as it is, in the document too.
+  onObjectsModified();
 }
 
 void AnnotationTool::deselectAfterRangeChange() {

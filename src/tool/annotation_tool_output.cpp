@@ -24,9 +24,23 @@ constexpr double kHalfPixel = 0.5;
 constexpr int kMaxSide = 32766;
 constexpr std::int64_t kMaxPixels = std::int64_t{1} << 28;
 
+/// How far a frame may be extended: to so many times its pixels, and in any case to so many pixels.
+/// A line of a document could else ask for a gigabyte for each frame of a small picture.
+constexpr std::int64_t kMaxExtension = 16;
+constexpr std::int64_t kFreePixels = std::int64_t{1} << 24;
+
+std::int64_t PixelsOf(wxSize const &size) {
+  return std::int64_t{size.x} * size.y;
+}
+
 bool CanBePainted(wxSize const &size) {
   return size.x > 0 && size.y > 0 && size.x <= kMaxSide && size.y <= kMaxSide &&
-         std::int64_t{size.x} * size.y <= kMaxPixels;
+         PixelsOf(size) <= kMaxPixels;
+}
+
+bool CanBeExtended(wxSize const &frame, wxSize const &extended) {
+  return CanBePainted(extended) &&
+         PixelsOf(extended) <= std::max(kFreePixels, PixelsOf(frame) * kMaxExtension);
 }
 
 }  // namespace
@@ -64,6 +78,8 @@ void AnnotationTool::addTextBox(wxString const &text) {
                                        m_mediaInfo.frameIndex);
   box->SetTextAndParse(text, m_textMacros);
   if (box->WouldDisappear()) return;
+  // What a gesture has done so far stays, as when the selection ends.
+  onObjectsModified();
   m_objects.push_front(box.release());  // owned by the list
   changeSelectedTo(m_objects.begin(), false);
   setNextStateOnSelected();
@@ -107,9 +123,9 @@ void AnnotationTool::goToFrameOfObjects(std::int64_t frame) {
 
 wxImage AnnotationTool::paintAnnotatedFrame(wxImage const &frame, std::int64_t frameIndex) {
   if (!frame.IsOk() || !CanBePainted(frame.GetSize())) return wxNullImage;
-  // Annotations so far out that no surface can hold them do not extend the frame.
-  bool const extended =
-      m_extensionColor != wxNullColour && CanBePainted(GetAnnotationArea().GetSize());
+  // Annotations so far out that a surface could not well hold them do not extend the frame.
+  bool const extended = m_extensionColor != wxNullColour &&
+                        CanBeExtended(frame.GetSize(), GetAnnotationArea().GetSize());
   wxPoint2DDouble const offset(extended ? -std::min(m_annotationArea.x, 0) : 0,
                                extended ? -std::min(m_annotationArea.y, 0) : 0);
   wxSize const size = extended ? GetAnnotationArea().GetSize() : frame.GetSize();

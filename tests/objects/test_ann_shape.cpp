@@ -54,6 +54,19 @@ TEST_F(AnnShapeHit, HollowEllipseIsTheRing) {
   EXPECT_FALSE(shape.Contains({0, 0}));
 }
 
+// A pointer may be anywhere: the differences to it are beyond an int.
+TEST_F(AnnShapeHit, EllipseIsNotHitAtTheEndsOfThePlane) {
+  ShapeLook().SetShape(AnnShapeProperties::Ellipse);
+  AnnShape const ellipse = Shape(10, 10, 100, 50);
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kGreatest = std::numeric_limits<int>::max();
+  for (int const x : {kLeast, kGreatest}) {
+    for (int const y : {kLeast, kGreatest}) EXPECT_FALSE(ellipse.Contains({x, y}));
+  }
+  AnnShape const leftOfTheOrigin = Shape(-100, -50, 50, 20);
+  EXPECT_FALSE(leftOfTheOrigin.Contains({kGreatest, kGreatest}));
+}
+
 TEST_F(AnnShapeHit, HollowEllipseThatItsBorderCoversIsHitEverywhere) {
   ShapeLook().SetShape(AnnShapeProperties::Ellipse);
   AnnShape const shape = Shape(0, 0, 10, 50);

@@ -69,6 +69,66 @@ TEST(ToolDocument, IsWrittenExactlyAsItWasRead) {
   EXPECT_NE(other.ObjectAs<AnnPencil>(2), nullptr);
 }
 
+/// First and last frame of each run of an object, with the left side that is written there.
+std::string LeftsOfRuns(AnnotationTool const &tool, int index = 0) {
+  wxJSONValue const runs = tool.GetJSON().ItemAt("Objects").ItemAt(index).ItemAt("Coordinates");
+  std::string lefts;
+  for (int i = 0; i < runs.Size(); ++i) {
+    wxJSONValue const run = runs.ItemAt(i);
+    lefts += JsonToUtf8(run.ItemAt("Range")) + JsonToUtf8(run.ItemAt("TopLeft").ItemAt(0)) + " ";
+  }
+  return lefts;
+}
+
+void RunCommand(ToolDriver &driver, AnnotationCommand command) {
+  wxCommandEvent event(wxEVT_MENU, static_cast<int>(command));
+  driver.Tool().onPopupClick(event);
+}
+
+// A paste moves all frames, but writes only the record of the current frame anew: the other runs
+// keep what is written of them until an edit reaches them.
+TEST(ToolDocument, OtherRunsOfAPastedObjectAreWrittenWhenTheyAreEdited) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.GoToFrame(5);
+  driver.Tool().MoveSelected({100, 0});
+  EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,4]20.0 [5,5]120.0 ");
+  RunCommand(driver, AnnotationCommand::Copy);
+  driver.Move(150, 20);
+  RunCommand(driver, AnnotationCommand::Paste);
+  AnnShapeCoordinates const &store = driver.ObjectAs<AnnShape>()->GetCoordinates();
+  EXPECT_EQ(store.CoordsAt(0).m_topLeft, wxPoint2DDouble(50.0, 20.0));
+  EXPECT_EQ(store.CoordsAt(5).m_topLeft, wxPoint2DDouble(150.0, 20.0));
+  EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,4]20.0 [5,5]150.0 ");
+  driver.GoToFrame(0);
+  driver.Tool().MoveSelected({0, 1});
+  EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,0]50.0 [1,4]20.0 [5,5]150.0 ");
+}
+
+TEST(ToolDocument, HoldsADragThatAnOrderCommandCutsOff) {
+  for (auto const command : {AnnotationCommand::BringToFront, AnnotationCommand::BringForward,
+                             AnnotationCommand::SendToBack, AnnotationCommand::SendBackward}) {
+    ToolDriver driver;
+    driver.DrawShape({20, 20}, {120, 80});
+    driver.Press(45, 22);
+    driver.Move(55, 22);
+    ASSERT_EQ(driver.State(), ToolState::Moving);
+    RunCommand(driver, command);
+    EXPECT_EQ(LeftsOfRuns(driver.Tool()), "[0,0]30.0 ");
+  }
+}
+
+TEST(ToolDocument, HoldsADragThatANewTextBoxCutsOff) {
+  ToolDriver driver;
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.Press(45, 22);
+  driver.Move(55, 22);
+  ASSERT_EQ(driver.State(), ToolState::Moving);
+  driver.Tool().AddTextMacro("%F%");
+  ASSERT_EQ(driver.ObjectCount(), 2U);
+  EXPECT_EQ(LeftsOfRuns(driver.Tool(), 1), "[0,0]30.0 ");
+}
+
 TEST(ToolDocument, ObjectsOfARestoredDocumentCanBeUsed) {
   ToolDriver driver(10);
   DrawThree(driver);

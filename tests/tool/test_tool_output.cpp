@@ -169,6 +169,23 @@ TEST_P(AnnotatedFrame, ObjectsTooFarOutDoNotExtendIt) {
   EXPECT_EQ(ColourAt(frame, 20, 20), kBlue);
 }
 
+TEST_P(AnnotatedFrame, IsExtendedWithinBoundsOfItsOwnSize) {
+  // 3080 by 3060 pixels in place of 80 by 60 are few enough to be free.
+  ToolDriver &driver = Driver({-3000, -3000}, {40, 30});
+  driver.Tool().SetExtensionColour(*wxGREEN);
+  EXPECT_EQ(Burn(driver, Grey(80, 60)).GetSize(), wxSize(3080, 3060));
+}
+
+TEST_P(AnnotatedFrame, IsNotExtendedToManyTimesItsSize) {
+  // 25 million pixels would be 5355 times those of the one, 45 million 15 times those of the other.
+  ToolDriver &driver = Driver({-5000, -5000}, {40, 30});
+  driver.Tool().SetExtensionColour(*wxGREEN);
+  wxImage const frame = Burn(driver, Grey(80, 60));
+  EXPECT_EQ(frame.GetSize(), wxSize(80, 60));
+  EXPECT_EQ(ColourAt(frame, 20, 20), kBlue);
+  EXPECT_EQ(Burn(driver, Grey(2000, 1500)).GetSize(), wxSize(7000, 6500));
+}
+
 TEST(AnnotatedFramePosition, BeyondThirtyTwoBitsDoesNotComeBackUnchanged) {
   ToolDriver driver;
   driver.Tool().UpdateMediaInfo({4294967298, 5000000000, false});
