@@ -1,21 +1,15 @@
 # SPDX-License-Identifier: MIT
+# What is installed, in four components: runtime (the library), common (its catalogues), dev and
+# programs.
 include(CMakePackageConfigHelpers)
 
 set(framenote_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/framenote)
 
 install(TARGETS framenote EXPORT framenoteTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev)
-foreach(program framenote-burn framenote_program)
-  if(TARGET ${program})
-    set_target_properties(${program} PROPERTIES
-      INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
-  endif()
-endforeach()
-
 if(FRAMENOTE_BUILD_CATALOGUES)
   install(DIRECTORY ${FRAMENOTE_CATALOGUE_DIR}/
-    DESTINATION ${CMAKE_INSTALL_LOCALEDIR} COMPONENT runtime FILES_MATCHING PATTERN "*.mo")
+    DESTINATION ${CMAKE_INSTALL_LOCALEDIR} COMPONENT common FILES_MATCHING PATTERN "*.mo")
 endif()
 
 # The headers keep their relative paths, so includes read the same in the tree and installed.
@@ -24,6 +18,7 @@ install(DIRECTORY include/framenote ${PROJECT_BINARY_DIR}/include/framenote
 install(DIRECTORY src/ platform/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/framenote COMPONENT dev FILES_MATCHING PATTERN "*.h")
 
+# For CMake: the library, and the programs where they are installed.
 install(EXPORT framenoteTargets NAMESPACE framenote::
   DESTINATION ${framenote_package_dir} COMPONENT dev)
 configure_package_config_file(cmake/framenoteConfig.cmake.in framenoteConfig.cmake
@@ -34,5 +29,34 @@ install(FILES
   ${PROJECT_BINARY_DIR}/framenoteConfigVersion.cmake
   cmake/WxTarget.cmake
   DESTINATION ${framenote_package_dir} COMPONENT dev)
-install(FILES LICENSE README.md CHANGELOG.md
-  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+if(FRAMENOTE_BUILD_PROGRAMS)
+  set_target_properties(framenote-burn PROPERTIES EXPORT_NAME burn)
+  set_target_properties(framenote_program PROPERTIES EXPORT_NAME desktop)
+  foreach(program framenote-burn framenote_program)
+    set_target_properties(${program} PROPERTIES
+      INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    install(TARGETS ${program} EXPORT framenotePrograms
+      RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
+  endforeach()
+  install(EXPORT framenotePrograms NAMESPACE framenote::
+    DESTINATION ${framenote_package_dir} COMPONENT programs)
+  include(DesktopFiles)
+endif()
+
+# For pkg-config, from whose file the prefix is found: the tree may be moved. wxWidgets comes
+# without such a file on many systems, so its flags are those that the library was built with.
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
+  BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE framenote_prefix_from_pc)
+list(TRANSFORM wxWidgets_INCLUDE_DIRS PREPEND -I OUTPUT_VARIABLE wx_includes)
+list(TRANSFORM wxWidgets_DEFINITIONS PREPEND -D OUTPUT_VARIABLE wx_definitions)
+list(JOIN wx_includes " " wx_includes)
+list(JOIN wx_definitions " " wx_definitions)
+set(framenote_wx_cflags "${wx_includes} ${wx_definitions} ${wxWidgets_CXX_FLAGS}")
+list(JOIN wxWidgets_LIBRARIES " " framenote_wx_libs)
+configure_file(cmake/framenote.pc.in framenote.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/framenote.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.json")

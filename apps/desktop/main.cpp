@@ -12,6 +12,7 @@
 #include <wx/stdpaths.h>
 #include <wx/uilocale.h>
 
+#include "desktop/app_icon.h"
 #include "desktop/main_frame.h"
 #include "desktop/toolkit_direction.h"
 #include "project/recovery_store.h"
@@ -37,6 +38,7 @@ public:
     wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
     if (!wxApp::OnInit()) return false;
     auto *const frame = new MainFrame(RecoveryFolder());  // owned by itself
+    frame->SetIcons(AppIcons());
     frame->Show();
     std::string const path = m_path;
     std::string const document = m_document;
