@@ -24,7 +24,7 @@ class FRAMENOTE_API AnnotationStartedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationStartedEvent(wxEventType type, std::int64_t frame);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
 
 private:
@@ -36,7 +36,7 @@ class FRAMENOTE_API AnnotationObjectSelectedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationObjectSelectedEvent(wxEventType type, std::int64_t frame, bool isNew);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
   /// Whether the object was made just now.
   bool IsNew() const { return m_isNew; }
@@ -51,7 +51,7 @@ class FRAMENOTE_API AnnotationObjectDeselectedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationObjectDeselectedEvent(wxEventType type);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// The document changed. A host stores Json() under Key(), and that pair is what
@@ -60,7 +60,7 @@ class FRAMENOTE_API AnnotationJsonChangedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationJsonChangedEvent(wxEventType type, wxJSONValue const &json);
-  wxEvent *Clone() const override;                ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;                ///< for event queues; the caller owns the copy
   wxString Key() const { return m_annotateKey; }  ///< "Annotate"
   wxJSONValue const &Json() const { return m_json; }  ///< what AnnotationTool::GetJSON gave
 
@@ -79,7 +79,7 @@ public:
 
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationFrameRangeChangedEvent(wxEventType type, Ranges const &ranges, int selectedIndex);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   /// one per object, in the order of AnnotationObjects()
   Ranges const &FrameRanges() const { return m_ranges; }
   /// Index of the selected object in FrameRanges(), or -1.
@@ -98,7 +98,7 @@ public:
 
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationGoToFrameEvent(wxEventType type, enum Direction direction, std::int64_t frame);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   /// which end was asked for
   enum Direction Direction() const { return m_direction; }
   /// The wanted frame; -1 when there was no selected object to go to.
@@ -114,7 +114,7 @@ class FRAMENOTE_API AnnotationTextEditionStartedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationTextEditionStartedEvent(wxEventType type);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// The in-place text editor closed.
@@ -122,7 +122,7 @@ class FRAMENOTE_API AnnotationTextEditionFinishedEvent : public wxCommandEvent {
 public:
   /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationTextEditionFinishedEvent(wxEventType type);
-  wxEvent *Clone() const override;  ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// A tool of the palette was chosen. The event object is the palette's button, the id that of the
@@ -132,7 +132,7 @@ public:
   AnnotationToolSelectedEvent();  ///< of no tool: the palette fills in nothing
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationToolSelectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
-  wxEvent *Clone() const override;             ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
   Types ToolModeId() const { return m_mode; }  ///< the tool of the button
 
 private:
@@ -145,7 +145,7 @@ public:
   AnnotationToolDeselectedEvent();  ///< of no tool: the palette fills in nothing
   /// Made by the tool; `type` is the event\'s identifier.
   AnnotationToolDeselectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
-  wxEvent *Clone() const override;             ///< for wxQueueEvent; the caller owns the copy
+  wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
   Types ToolModeId() const { return m_mode; }  ///< the tool of the button
 
 private:
