@@ -85,7 +85,7 @@ public:
   double GetRotationAngle() const { return m_rotationAngle; }  ///< radians, of the current frame
   /// The angle that a drag started from.
   double GetRememberedAngle() const { return m_rememberedAngle; }
-  /// Turns the cursors of the handles with the shape; `angle` in radians.
+  /// Takes the angle, in radians; the cursors of the handles turn with it.
   void UpdateRotationState(double angle);
   /// Saves the corners, the angle and the aspect ratio that a drag starts from. A shape collapsed
   /// to one pixel keeps what was saved before.

@@ -57,7 +57,8 @@ public:
   /// The outer polygon in the border colour, then the inner one in the fill colour.
   virtual void DrawPolygonWithBorder(Points const &outer, Points const &inner,
                                      AnnShapeProperties const &properties) = 0;
-  /// The closed line through the points, `thickness` wide.
+  /// The line through the points, `thickness` wide. The last point is the first one again: one
+  /// back-end closes the line itself, the other does not.
   virtual void DrawBorderOfPolygon(Points const &points, wxColour const &colour, int thickness) = 0;
   /// A filled rectangle without a border.
   virtual void DrawRectangle(wxRect const &rect, wxColour const &colour) = 0;

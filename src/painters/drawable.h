@@ -19,7 +19,7 @@ namespace framenote {
 /// eight million device pixels.
 class FRAMENOTE_API DrawableRange {
 public:
-  /// For a surface under `scale`, which DrawableScale brings within bounds.
+  /// REQUIRES: a scale as DrawableScale gives it.
   explicit DrawableRange(double scale);
 
   /// The value within the range; NaN gives 0.

@@ -15,7 +15,7 @@ class wxSpinDoubleEvent;
 /// either part raises one wxEVT_SLIDER of this control. The focus goes to the spin.
 class FRAMENOTE_API AnnSpinSliderDoubleCtrl : public wxNavigationEnabled<wxSlider> {
 public:
-  /// Value and limits are divided by `step` and truncated. `parent` owns the control.
+  /// Both parts show `value`; a position stands for `step`. `parent` owns the control.
   AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, double value, double min, double max,
                           double step, wxPoint const &position, wxSize const &size,
                           long sliderStyle, long spinStyle, wxValidator const &validator,

@@ -23,7 +23,7 @@ public:
   ~AnnImageProperties() override;
 
   wxFileName GetFileName() const { return m_fileName; }          ///< empty: no picture chosen
-  bool GetKeepAspectRatio() const { return m_keepAspectRatio; }  ///< height follows width
+  bool GetKeepAspectRatio() const { return m_keepAspectRatio; }  ///< a resize keeps the proportions
   /// as chosen; need not be known
   TransparentColor GetTransparentColor() const { return m_transparentColor; }
   /// The colour that is made transparent; wxNullColour if there is none.
