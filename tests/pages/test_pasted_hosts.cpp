@@ -51,6 +51,16 @@ bool IsRed(wxImage const &image, int x, int y) {
   return image.GetRed(x, y) > 200 && image.GetGreen(x, y) < 60 && image.GetBlue(x, y) < 60;
 }
 
+bool HasRed(wxImage const &image) {
+  if (!image.IsOk()) return false;
+  for (int y = 0; y < image.GetHeight(); ++y) {
+    for (int x = 0; x < image.GetWidth(); ++x) {
+      if (IsRed(image, x, y)) return true;
+    }
+  }
+  return false;
+}
+
 class PastedHost : public InTemporaryFolder {
 protected:
   void SetUp() override {
@@ -124,9 +134,14 @@ TEST_F(ReadmeHost, DrawsARectangleWithTheMouse) {
     return shown.IsOk() && shown.GetRed(200, 150) == 240;
   })) << "the picture is not shown";
 
-  MoveTo(corner + wxPoint(kWidth, 0) + kInShapeButton);
-  m_mouse.MouseClick();
-  std::this_thread::sleep_for(kStep);
+  // A button that is not there yet takes no click. When it has taken it, the page of its tool shows
+  // a red border colour.
+  wxRect const palette(corner + wxPoint(kWidth, 0), wxSize(kWidth, kHeight));
+  MoveTo(palette.GetPosition() + kInShapeButton);
+  ASSERT_TRUE(WaitUntil([&] {
+    m_mouse.MouseClick();
+    return WaitUntil([&] { return HasRed(CaptureScreen(palette)); }, kPatience / 4);
+  })) << "the palette does not answer";
   Drag({corner + wxPoint(100, 80), corner + wxPoint(150, 120), corner + wxPoint(200, 160)});
   MoveTo(corner + wxPoint(350, 250));
   // The border is five pixels wide and lies inside the rectangle, which is not filled. The pixels
