@@ -18,6 +18,7 @@ struct FRAMENOTE_API AnnotationToolConfig {
     bool showMacroValues = false;  ///< list "name: text" rather than the name alone
   };
 
+  /// Each argument goes to the member of its name.
   AnnotationToolConfig(bool drawWithDeviceContext, bool renderWithDeviceContext,
                        bool showZoomMethod, bool showHideAll, bool extensionEnabled,
                        TextMacrosConfig const &textMacros);
@@ -27,5 +28,5 @@ struct FRAMENOTE_API AnnotationToolConfig {
   bool showZoomMethod;           ///< the panel offers the magnifier's zoom method
   bool showHideAll;              ///< the panel offers to hide all annotations
   bool extensionEnabled;         ///< the annotation area may grow past the picture
-  TextMacrosConfig textMacros;
+  TextMacrosConfig textMacros;   ///< offered by the panel of text boxes
 };

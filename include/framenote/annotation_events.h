@@ -22,9 +22,10 @@ class wxToggleButton;
 /// A drawing starts on a video.
 class FRAMENOTE_API AnnotationStartedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationStartedEvent(wxEventType type, std::int64_t frame);
-  wxEvent *Clone() const override;
-  std::int64_t FrameIndex() const { return m_frame; }
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
+  std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
 
 private:
   std::int64_t m_frame;
@@ -33,9 +34,10 @@ private:
 /// An object became the selected one.
 class FRAMENOTE_API AnnotationObjectSelectedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationObjectSelectedEvent(wxEventType type, std::int64_t frame, bool isNew);
-  wxEvent *Clone() const override;
-  std::int64_t FrameIndex() const { return m_frame; }
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
+  std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
   /// Whether the object was made just now.
   bool IsNew() const { return m_isNew; }
 
@@ -47,20 +49,22 @@ private:
 /// The selection went to none.
 class FRAMENOTE_API AnnotationObjectDeselectedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationObjectDeselectedEvent(wxEventType type);
-  wxEvent *Clone() const override;
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// The document changed. A host stores Json() under Key(), and that pair is what
 /// AnnotationTool::FromJSON reads.
 class FRAMENOTE_API AnnotationJsonChangedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationJsonChangedEvent(wxEventType type, wxJSONValue const &json);
-  wxEvent *Clone() const override;
-  wxString Key() const { return m_annotateKey; }
-  wxJSONValue const &Json() const { return m_json; }
+  wxEvent *Clone() const override;                ///< for event queues; the caller owns the copy
+  wxString Key() const { return m_annotateKey; }  ///< "Annotate"
+  wxJSONValue const &Json() const { return m_json; }  ///< what AnnotationTool::GetJSON gave
 
-  static constexpr char const *m_annotateKey = "Annotate";
+  static constexpr char const *m_annotateKey = "Annotate";  ///< the document's one member
 
 private:
   wxJSONValue m_json;
@@ -70,10 +74,13 @@ private:
 /// object, front of the z-order first.
 class FRAMENOTE_API AnnotationFrameRangeChangedEvent : public wxCommandEvent {
 public:
+  /// First frame, last frame (inclusive), colour.
   using Ranges = std::vector<std::tuple<std::int64_t, std::int64_t, wxColour>>;
 
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationFrameRangeChangedEvent(wxEventType type, Ranges const &ranges, int selectedIndex);
-  wxEvent *Clone() const override;
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
+  /// one per object, in the order of AnnotationObjects()
   Ranges const &FrameRanges() const { return m_ranges; }
   /// Index of the selected object in FrameRanges(), or -1.
   int SelectedIndex() const { return m_selectedIndex; }
@@ -89,8 +96,10 @@ public:
   /// ToStart is also what a jump to the previous or next object carries.
   enum Direction { ToStart = 0, ToEnd = 1 };
 
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationGoToFrameEvent(wxEventType type, enum Direction direction, std::int64_t frame);
-  wxEvent *Clone() const override;
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
+  /// which end was asked for
   enum Direction Direction() const { return m_direction; }
   /// The wanted frame; -1 when there was no selected object to go to.
   std::int64_t FrameIndex() const { return m_frame; }
@@ -103,25 +112,28 @@ private:
 /// The in-place text editor opened.
 class FRAMENOTE_API AnnotationTextEditionStartedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationTextEditionStartedEvent(wxEventType type);
-  wxEvent *Clone() const override;
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// The in-place text editor closed.
 class FRAMENOTE_API AnnotationTextEditionFinishedEvent : public wxCommandEvent {
 public:
+  /// Made by the tool; `type` is the event\'s identifier.
   explicit AnnotationTextEditionFinishedEvent(wxEventType type);
-  wxEvent *Clone() const override;
+  wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
 
 /// A tool of the palette was chosen. The event object is the palette's button, the id that of the
 /// button.
 class FRAMENOTE_API AnnotationToolSelectedEvent : public wxCommandEvent {
 public:
-  AnnotationToolSelectedEvent();
+  AnnotationToolSelectedEvent();  ///< of no tool: the palette fills in nothing
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationToolSelectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
-  wxEvent *Clone() const override;
-  Types ToolModeId() const { return m_mode; }
+  wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
+  Types ToolModeId() const { return m_mode; }  ///< the tool of the button
 
 private:
   Types m_mode = Types::Idle;
@@ -130,15 +142,17 @@ private:
 /// A tool of the palette was left. Event object and id as for AnnotationToolSelectedEvent.
 class FRAMENOTE_API AnnotationToolDeselectedEvent : public wxCommandEvent {
 public:
-  AnnotationToolDeselectedEvent();
+  AnnotationToolDeselectedEvent();  ///< of no tool: the palette fills in nothing
+  /// Made by the tool; `type` is the event\'s identifier.
   AnnotationToolDeselectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
-  wxEvent *Clone() const override;
-  Types ToolModeId() const { return m_mode; }
+  wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
+  Types ToolModeId() const { return m_mode; }  ///< the tool of the button
 
 private:
   Types m_mode = Types::Idle;
 };
 
+/// The identifiers to bind; each is posted as the event that it is declared with.
 wxDECLARE_EXPORTED_EVENT(FRAMENOTE_API, wxEVT_ANN_STARTED, AnnotationStartedEvent);
 wxDECLARE_EXPORTED_EVENT(FRAMENOTE_API, wxEVT_ANN_OBJECT_SELECTED, AnnotationObjectSelectedEvent);
 wxDECLARE_EXPORTED_EVENT(FRAMENOTE_API, wxEVT_ANN_OBJECT_DESELECTED,

@@ -32,6 +32,7 @@ class wxToggleButton;
 
 /// What the palette panel offers.
 struct FRAMENOTE_API AnnotationPanelConfig {
+  /// Each argument goes to the member of its meaning; `macros` may be null for none.
   AnnotationPanelConfig(bool withZoomMethod, bool withHideAll, bool withExtension,
                         AnnotationToolConfig::TextMacrosConfig const *macros);
 
@@ -54,6 +55,7 @@ class FRAMENOTE_API AnnotationPanel : public wxScrolled<wxPanel>, public Annotat
 public:
   /// Makes no window: Create must follow.
   explicit AnnotationPanel(AnnotationPanelConfig const &config);
+  /// The same with Create; `parent` owns the panel.
   AnnotationPanel(wxWindow *parent, std::shared_ptr<AnnotationTool> tool,
                   AnnotationPanelConfig const &config);
   /// False if there is no tool, or if the window cannot be made; then nothing is built.
@@ -62,9 +64,12 @@ public:
   void ScrollWindow(int dx, int dy, wxRect const *rect) override;
 
 protected:
+  ///@{
+  /// Of the window and all below it; buttons and colour pickers keep their background.
   void setBackgroundColorRecursively(wxWindow *window, wxColour const &colour) override;
   void setForegroundColorRecursively(wxWindow *window, wxColour const &colour) override;
-  wxSize DoGetBestSize() const override;
+  ///@}
+  wxSize DoGetBestSize() const override;  ///< in screen pixels
 
 private:
   friend class AnnotationTool;

@@ -41,9 +41,10 @@ class wxToggleButton;
 class FRAMENOTE_API AnnotationTool : public wxEvtHandler,
                                      public std::enable_shared_from_this<AnnotationTool> {
 public:
-  using ObjectList = std::list<IAnnotationObject *>;
-  using MacroPairs = std::vector<std::pair<wxString, wxString>>;
+  using ObjectList = std::list<IAnnotationObject *>;              ///< top of the z-order first
+  using MacroPairs = std::vector<std::pair<wxString, wxString>>;  ///< keys and values
 
+  /// idle, without objects or picture
   explicit AnnotationTool(AnnotationToolConfig const &config);
   AnnotationTool(AnnotationTool const &) = delete;
   AnnotationTool &operator=(AnnotationTool const &) = delete;
@@ -77,15 +78,15 @@ public:
   /// Removes every object and tells the host, if there is a sink for its events (InitGui).
   void ClearAllAnnotations();
 
-  bool IsEmpty() const;
-  bool IsVisible() const;
-  bool IsIdle() const;
-  bool IsDefaultState() const;
-  bool HasAnnotation(int frame) const;  ///< whether some object is present in `frame`
-  AnnotationToolConfig const &GetConfig() const;
-  ObjectList const &AnnotationObjects() const;  ///< top of the z-order first
-  ToolState GetState() const;
-  IAnnotationObject *GetSelectedObject() const;  ///< or null
+  bool IsEmpty() const;                           ///< whether there is no object
+  bool IsVisible() const;                         ///< see SetObjectsVisible
+  bool IsIdle() const;                            ///< whether the mode of no tool is active
+  bool IsDefaultState() const;                    ///< whether the state is Default
+  bool HasAnnotation(int frame) const;            ///< whether some object is present in `frame`
+  AnnotationToolConfig const &GetConfig() const;  ///< as given to the constructor
+  ObjectList const &AnnotationObjects() const;    ///< top of the z-order first
+  ToolState GetState() const;                     ///< what the mouse is doing
+  IAnnotationObject *GetSelectedObject() const;   ///< or null
 
   // --- For the host: mouse and painting ---
 
@@ -107,8 +108,9 @@ public:
 
   /// Makes a mode active; General and values without a mode are ignored. Ends an open editor.
   void SetActiveTool(Types mode);
+  /// the same; null is ignored
   void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
-  ToolModes const &GetToolModes() const;
+  ToolModes const &GetToolModes() const;  ///< each with the look of its next object
   std::shared_ptr<IAnnotationToolMode> const &GetActiveTool() const;  ///< never null
 
   // --- For the host: frames and media ---
@@ -121,20 +123,20 @@ public:
   void SetImage(wxImage const &image, bool refreshCaches);
   /// The same; an invalid bitmap changes nothing.
   void SetImage(wxBitmap const &bitmap, bool refreshCaches);
-  wxImage const &GetImage() const;
+  wxImage const &GetImage() const;  ///< invalid before the first
   /// Takes the position in the media and brings the objects there. A selected object's range
   /// follows it. Throws std::runtime_error if the frame is not below the frame count.
   void UpdateMediaInfo(AnnotationMediaInfo const &info);
-  AnnotationMediaInfo const &GetMediaInfo() const;
+  AnnotationMediaInfo const &GetMediaInfo() const;  ///< as of the last change
   /// The rectangle that picture and annotations cover, in picture pixels. Without extension it is
   /// one pixel smaller than the picture in each direction.
   wxRect GetAnnotationArea();
-  wxColour GetExtensionColor() const;
+  wxColour GetExtensionColor() const;  ///< wxNullColour: none
   /// wxNullColour means that burnt-in frames are not extended past the picture.
   void SetExtensionColour(wxColour const &colour);
-  /// First frame, last frame, or both, of the selected object; nothing without one.
-  void SetSelectedsAnnotationStart(std::int64_t frame);
-  void SetSelectedsAnnotationEnd(std::int64_t frame);
+  void SetSelectedsAnnotationStart(
+      std::int64_t frame);                             ///< of the selected object, if there is one
+  void SetSelectedsAnnotationEnd(std::int64_t frame);  ///< the same for its last frame
   /// Starts at `start`; an object of one frame then lasts until `end`, any other keeps its end.
   void SetSelectedsAnnotationFromFrame(std::int64_t start, std::int64_t end);
   /// Asks the host for the nearest frame where an object starts, before or after the current one.
@@ -182,18 +184,16 @@ public:
 
   // --- For the modes, the panel and the objects ---
 
-  /// What the panel does if there is one: shows the tool and the properties of a selected object;
-  /// shows properties that have changed; asks for a picture that a drag was tried without.
-  void UpdatePanelOnObjectSelected(Types mode);
-  void UpdatePanelControls(Types mode);
-  void OnAnnImageNotSet();
+  void UpdatePanelOnObjectSelected(Types mode);  ///< the panel shows the tool and its properties
+  void UpdatePanelControls(Types mode);          ///< the panel shows what has changed
+  void OnAnnImageNotSet();                       ///< the panel asks for a picture
   /// Posts AnnotationObjectSelectedEvent.
   void OnObjectSelected(bool isNew);
-  void SendAnnotationFrameRangeChangedEvent();
-  void SendAnnotationTextEditionStartedEvent();
-  void SendAnnotationTextEditionFinishedEvent();
-  void SendAnnotationToolSelectedEvent(wxToggleButton *button, Types mode);
-  void SendAnnotationToolDeselectedEvent(wxToggleButton *button, Types mode);
+  void SendAnnotationFrameRangeChangedEvent();                                 ///< posts that event
+  void SendAnnotationTextEditionStartedEvent();                                ///< posts that event
+  void SendAnnotationTextEditionFinishedEvent();                               ///< posts that event
+  void SendAnnotationToolSelectedEvent(wxToggleButton *button, Types mode);    ///< posts that event
+  void SendAnnotationToolDeselectedEvent(wxToggleButton *button, Types mode);  ///< posts that event
 
 private:
   friend class IAnnotationToolMode;

@@ -59,6 +59,8 @@ struct AnnotationMediaInfo {
   std::int64_t frameCount = 0;  ///< frames in the media; 1 or less means a still picture
   bool isPlaying = false;       ///< while true, no area, document or event is worked out per frame
 
+  /// there is more than one frame
   bool IsVideo() const { return frameCount > 1; }
+  /// frames in the media
   std::int64_t GetFrameCount() const { return frameCount; }
 };

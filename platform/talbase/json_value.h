@@ -43,27 +43,40 @@ public:
   wxJSONValue() noexcept;
   /// An empty value of `type`: false, 0, 0.0, "", [] or {}.
   explicit wxJSONValue(wxJSONType type);
+  ///@{
+  /// A value of the kind that holds `value` exactly.
   wxJSONValue(bool value) noexcept;
   wxJSONValue(int value) noexcept;
   wxJSONValue(unsigned int value) noexcept;
   wxJSONValue(long value) noexcept;
   wxJSONValue(long long value) noexcept;
+  ///@}
+  ///@{
   /// Values beyond the signed 64-bit range become its greatest value.
   wxJSONValue(unsigned long value) noexcept;
   wxJSONValue(unsigned long long value) noexcept;
-  wxJSONValue(double value) noexcept;
-  wxJSONValue(wxString const &value);
+  ///@}
+  wxJSONValue(double value) noexcept;  ///< A double, NaN and infinities included.
+  wxJSONValue(wxString const &value);  ///< A string.
+  ///@{
   /// Bytes that are not UTF-8 give the empty string, and so does a null pointer.
   wxJSONValue(char const *utf8);
   wxJSONValue(wchar_t const *text);
+  ///@}
+  ///@{
+  /// In O(1) but for nodes with a reference outstanding. A value moved from is null.
   wxJSONValue(wxJSONValue const &other);
   wxJSONValue(wxJSONValue &&other) noexcept;
   wxJSONValue &operator=(wxJSONValue const &other);
   wxJSONValue &operator=(wxJSONValue &&other) noexcept;
+  ///@}
   ~wxJSONValue();
 
-  wxJSONType GetType() const noexcept { return m_type; }
+  wxJSONType GetType() const noexcept { return m_type; }  ///< its kind
+  /// there is a value, be it null
   bool IsValid() const noexcept { return m_type != wxJSONTYPE_INVALID; }
+  ///@{
+  /// Whether the value is of that kind; a null value is valid.
   bool IsNull() const noexcept { return m_type == wxJSONTYPE_NULL; }
   bool IsBool() const noexcept { return m_type == wxJSONTYPE_BOOL; }
   bool IsInt() const noexcept { return m_type == wxJSONTYPE_INT; }
@@ -71,29 +84,35 @@ public:
   bool IsString() const noexcept { return m_type == wxJSONTYPE_STRING; }
   bool IsArray() const noexcept { return m_type == wxJSONTYPE_ARRAY; }
   bool IsObject() const noexcept { return m_type == wxJSONTYPE_OBJECT; }
+  ///@}
 
+  ///@{
   /// Numbers convert among themselves, saturating and truncating toward zero (NaN gives 0);
   /// a bool gives itself as a bool only; any other kind gives 0, 0.0, false.
   bool AsBool() const noexcept;
   int AsInt() const noexcept;
   std::int64_t AsInt64() const noexcept;
   double AsDouble() const noexcept;
+  ///@}
   /// The text of a string, "null" for null, "" for anything else.
   wxString AsString() const;
 
   /// Elements of an array, members of an object, 0 for anything else.
   int Size() const noexcept;
-  bool HasMember(wxString const &key) const;
+  bool HasMember(wxString const &key) const;  ///< False for anything but an object.
   /// The member's names in their order; empty for anything but an object.
   std::vector<wxString> GetMemberNames() const;
 
+  ///@{
   /// The member or element, or an invalid value where there is none.
   wxJSONValue ItemAt(wxString const &key) const;
   wxJSONValue ItemAt(char const *key) const;
   wxJSONValue ItemAt(int index) const;
+  ///@}
   /// The member, or `fallback` where there is none.
   wxJSONValue Get(wxString const &key, wxJSONValue const &fallback) const;
 
+  ///@{
   /// A reference into this value. A value of another kind first becomes an object (an array), a
   /// missing member (element) is made as null. The reference lasts until the next change of this
   /// value by another operation. An index is capped: a negative one acts as 0, and one beyond the
@@ -103,15 +122,18 @@ public:
   wxJSONValue &operator[](wxString const &key);
   wxJSONValue &operator[](char const *key);
   wxJSONValue &operator[](int index);
+  ///@}
 
   /// Sets one member without handing out a reference, so the value stays shareable. A value of
   /// another kind first becomes an object. A value moved in takes the references into it along.
   void Set(wxString const &key, wxJSONValue value);
   /// Appends to an array in O(1); a value of another kind first becomes an empty array.
   void Append(wxJSONValue value);
+  ///@{
   /// Removes a member or element; false where there is none.
   bool Remove(wxString const &key);
   bool Remove(int index);
+  ///@}
 
   /// Deep equality. An integer and a double are never the same; objects are the same whatever the
   /// order of their members; NaN is the same as NaN, 0.0 as -0.0. Shared nodes are equal without a

@@ -22,12 +22,14 @@ public:
   /// give an empty picture.
   Image(wxSize const &size, int depth, int channels, void *data, int step);
 
-  wxSize Size() const;
-  int Depth() const;
-  int Channels() const;
-  /// Null for an empty picture.
+  wxSize Size() const;   ///< in pixels; (0, 0) for an empty picture
+  int Depth() const;     ///< bits of a channel; 0 for an empty picture
+  int Channels() const;  ///< 0 for an empty picture
+  ///@{
+  /// Null for an empty picture; the picture stays the owner.
   operator IplImage *();
   operator IplImage const *() const;
+  ///@}
 
 private:
   std::shared_ptr<IplImage> m_image;

@@ -12,6 +12,7 @@ class FRAMENOTE_API Singleton {
 public:
   Singleton() = delete;
 
+  /// Usable on any thread; what the instance allows is its class's matter.
   static T &Instance() {
     static T instance;
     return instance;
@@ -21,6 +22,6 @@ public:
 /// The colours that panels take on. REQUIRES: a running wxApp.
 class FRAMENOTE_API StyleManager {
 public:
-  wxColour GetBackgroundColor() const;
-  wxColour GetForegroundColor() const;
+  wxColour GetBackgroundColor() const;  ///< of panels
+  wxColour GetForegroundColor() const;  ///< of texts on them
 };

@@ -10,6 +10,7 @@
 
 namespace framenote {
 
+/// How a picture is hidden.
 enum class HideEffect : int { Blur = 0, Pixelation = 1 };
 
 /// A picture with one effect, kept as what is left of it: the means of its blocks.

@@ -20,6 +20,7 @@ public:
   AnnImageCoordinates(std::int64_t frameCount, std::int64_t frame, AnnShapeCoordinates &shape);
   /// Reads the flags from the array of `shape`, which has been built before; `json` is only kept.
   AnnImageCoordinates(wxJSONValue const &json, std::int64_t frameCount, AnnShapeCoordinates &shape);
+  /// Copies every flag; the copy goes on working on the shape store of `other`.
   AnnImageCoordinates(AnnImageCoordinates const &other) = default;
   /// A copy for another object, whose shape store is `shape`.
   AnnImageCoordinates(AnnImageCoordinates const &other, AnnShapeCoordinates &shape);

@@ -15,7 +15,9 @@ class FRAMENOTE_API AnnMagnifyCoordinates : public IAnnotationCoordinates<AnnMag
 public:
   /// A new magnifier has no centre of its own: the store is empty, and `frame` is current.
   AnnMagnifyCoordinates(std::int64_t frameCount, std::int64_t frame);
+  /// Reads the array `json`.
   AnnMagnifyCoordinates(wxJSONValue const &json, std::int64_t frameCount);
+  /// Copies every record; nothing is shared with `other`.
   AnnMagnifyCoordinates(AnnMagnifyCoordinates const &other) = default;
   ~AnnMagnifyCoordinates() override;
 

@@ -21,7 +21,9 @@ public:
   /// corners and `thickness`; it runs with the mutex held.
   AnnShapeCoordinates(wxJSONValue const &json, std::int64_t frameCount,
                       std::function<void(AnnShapePoints &, int)> const &callback, int thickness);
+  /// Copies every record; nothing is shared with `other`.
   AnnShapeCoordinates(AnnShapeCoordinates const &other) = default;
+  /// Leaves `other` empty.
   AnnShapeCoordinates(AnnShapeCoordinates &&other) noexcept = default;
   ~AnnShapeCoordinates() override;
 

@@ -29,9 +29,9 @@
 template <class T>
 class FRAMENOTE_API IAnnotationCoordinates {
 public:
-  using FrameRange = std::pair<std::int64_t, std::int64_t>;
+  using FrameRange = std::pair<std::int64_t, std::int64_t>;  ///< first and last, inclusive
 
-  static constexpr char const *coordinatesRangeKey = "Range";
+  static constexpr char const *coordinatesRangeKey = "Range";  ///< a run's member
 
   /// A store of `frameCount` frames with a default record in `frame`, which is current.
   IAnnotationCoordinates(std::int64_t frameCount, std::int64_t frame);
@@ -65,6 +65,7 @@ public:
   /// Rebuilds the JSON array from the runs of `first` to `last` if it is stale.
   virtual void UpdateJSONValCoordinates(std::int64_t first, std::int64_t last) = 0;
 
+  /// One entry per frame; null where there is no geometry.
   std::vector<std::shared_ptr<T>> const &CoordsVec() const { return m_coordsVec; }
   /// The record of the current frame; a default one that nobody owns where it is empty.
   T const &Coords() const;
@@ -72,13 +73,17 @@ public:
   T &CoordsEditable();
   /// A copy of the record of `frame`; a default one where it is empty.
   T CoordsAt(std::int64_t frame) const;
+  /// True outside the store too.
   bool AreCoordinatesEmpty(std::int64_t frame) const { return recordAt(frame) == nullptr; }
+  /// The same of the current frame.
   bool AreCurrentCoordinatesEmpty() const { return recordAt(m_current) == nullptr; }
   /// The frame of the last AddNewCoordinates, or -1.
   std::int64_t GetRecentlyUpdatedCoordsFrame() const { return m_recentlyUpdatedFrame; }
+  /// What the caller holds, see above; not recursive.
   std::mutex &GetMutex() const { return m_mutex; }
   /// The array of runs as last built, or as passed to the constructor.
   wxJSONValue const &ToJSON() const { return m_jsonVal; }
+  /// The same for writing.
   wxJSONValue &JsonVal() { return m_jsonVal; }
   /// Makes the store `size` frames long; new ones are empty. A negative size acts as 0.
   void ResizeCoordsVec(std::int64_t size);
@@ -109,6 +114,7 @@ protected:
     std::optional<bool> mirrored;
   };
 
+  /// The record of `frame`, null where it is empty.
   T *recordAt(std::int64_t frame) const;
   /// UpdateJSONValCoordinates of a store whose records write themselves. Takes the mutex.
   void updateJSONVal(std::int64_t first, std::int64_t last, wxJSONValue const &(*fragmentOf)(T &));
@@ -122,13 +128,13 @@ protected:
   void readRuns(wxJSONValue const &runs,
                 std::function<std::shared_ptr<T>(wxJSONValue const &)> const &makeRecord);
 
-  std::vector<std::shared_ptr<T>> m_coordsVec;
+  std::vector<std::shared_ptr<T>> m_coordsVec;  ///< one entry per frame
   /// Index of the current entry rather than a pointer to it: the vector grows.
   std::int64_t m_current = 0;
-  std::int64_t m_recentlyUpdatedFrame = -1;
-  bool m_jsonUpToDate = false;
-  mutable std::mutex m_mutex;
-  wxJSONValue m_jsonVal;
+  std::int64_t m_recentlyUpdatedFrame = -1;  ///< the frame edited last, or -1
+  bool m_jsonUpToDate = false;               ///< whether the array reflects the records
+  mutable std::mutex m_mutex;                ///< guards everything here
+  wxJSONValue m_jsonVal;                     ///< the array of runs
 
 private:
   /// A run as it stands in the array.

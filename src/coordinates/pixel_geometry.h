@@ -16,20 +16,24 @@ namespace framenote {
 /// leaves room for differences, sums and sizes of rectangles within a 32-bit int.
 constexpr int kMaxPixel = 1 << 28;
 
+///@{
 /// Rounds half up, as `wxPoint2DDouble::GetRounded` does: floor(x + 0.5). Saturates at
 /// `kMaxPixel`; NaN gives 0.
 FRAMENOTE_API int RoundToPixel(double value);
 FRAMENOTE_API wxPoint RoundToPixel(wxPoint2DDouble const &point);
 FRAMENOTE_API std::vector<wxPoint> RoundToPixels(std::vector<wxPoint2DDouble> const &points);
+///@}
 
 /// Truncates toward zero, saturating like RoundToPixel.
 FRAMENOTE_API int TruncateToInt(double value);
 
 /// The point with both coordinates brought within `kMaxPixel`.
 FRAMENOTE_API wxPoint2DInt ClampToPixels(wxPoint2DInt const &point);
+///@{
 /// a + b and a - b, saturating at `kMaxPixel`.
 FRAMENOTE_API wxPoint2DInt AddPixels(wxPoint2DInt const &a, wxPoint2DInt const &b);
 FRAMENOTE_API wxPoint2DInt SubtractPixels(wxPoint2DInt const &a, wxPoint2DInt const &b);
+///@}
 
 /// The point at `length` from `origin`, in the direction of `from` turned by `degrees`.
 /// NaN where `from` equals `origin`.

@@ -10,6 +10,7 @@
 class FRAMENOTE_API AnnArrowToolMode : public IAnnotationToolMode,
                                        public std::enable_shared_from_this<AnnArrowToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnArrowToolMode(Types modeId, AnnotationTool *tool);
 
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;

@@ -7,6 +7,7 @@
 /// nothing.
 class FRAMENOTE_API AnnGeneralToolMode : public IAnnotationToolMode {
 public:
+  /// Made by `tool`, which owns it.
   AnnGeneralToolMode(Types modeId, AnnotationTool *tool);
 
   bool CanStartDrawing() const override { return false; }

@@ -15,6 +15,7 @@ class HiddenPictures;
 class FRAMENOTE_API AnnHideToolMode : public BoxToolMode,
                                       public std::enable_shared_from_this<AnnHideToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnHideToolMode(Types modeId, AnnotationTool *tool);
   ~AnnHideToolMode() override;
 

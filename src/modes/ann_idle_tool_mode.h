@@ -9,6 +9,7 @@
 class FRAMENOTE_API AnnIdleToolMode : public IAnnotationToolMode,
                                       public std::enable_shared_from_this<AnnIdleToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnIdleToolMode(Types modeId, AnnotationTool *tool);
 
   bool CanStartDrawing() const override { return false; }

@@ -15,6 +15,7 @@
 class FRAMENOTE_API AnnImageToolMode : public BoxToolMode,
                                        public std::enable_shared_from_this<AnnImageToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnImageToolMode(Types modeId, AnnotationTool *tool);
 
   bool CanStartDrawing() const override { return HasPicture(); }
@@ -33,7 +34,7 @@ public:
   void UpdatePictureBitmap();
   /// What the objects of this mode share.
   framenote::PastedPictures &Pictures() { return m_pictures; }
-  bool HasPicture() const { return m_pictureBitmap.IsOk(); }
+  bool HasPicture() const { return m_pictureBitmap.IsOk(); }  ///< whether a drag can start
   /// Height over width of the picture; 0 before there was one.
   double GetAspectRatio() const { return m_aspectRatio; }
 

@@ -11,6 +11,7 @@
 class FRAMENOTE_API AnnMagnifyToolMode : public BoxToolMode,
                                          public std::enable_shared_from_this<AnnMagnifyToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnMagnifyToolMode(Types modeId, AnnotationTool *tool);
 
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;

@@ -12,6 +12,7 @@
 class FRAMENOTE_API AnnPencilToolMode : public IAnnotationToolMode,
                                         public std::enable_shared_from_this<AnnPencilToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnPencilToolMode(Types modeId, AnnotationTool *tool);
 
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;

@@ -10,6 +10,7 @@
 class FRAMENOTE_API AnnShapeToolMode : public BoxToolMode,
                                        public std::enable_shared_from_this<AnnShapeToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnShapeToolMode(Types modeId, AnnotationTool *tool);
 
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;

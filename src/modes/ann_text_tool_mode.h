@@ -19,6 +19,7 @@ class wxTextCtrl;
 class FRAMENOTE_API AnnTextToolMode : public BoxToolMode,
                                       public std::enable_shared_from_this<AnnTextToolMode> {
 public:
+  /// Made by `tool`, which owns it.
   AnnTextToolMode(Types modeId, AnnotationTool *tool);
   ~AnnTextToolMode() override;
 

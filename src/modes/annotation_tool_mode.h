@@ -46,7 +46,10 @@ public:
   /// and whenever a gesture is cut off.
   virtual void DiscardDrawing();
 
-  // The handlers, each named after its state. An event of a type that they do not know is ignored.
+  ///@{
+  /// The handler of a state, named after it. The tool keeps the position, in picture pixels;
+  /// `event` says what happened and which keys are held. An event of a type that the handler does
+  /// not know is ignored.
   virtual void OnMouseDefault(wxMouseEvent const &event);
   virtual void OnMouseDrawing(wxMouseEvent const &event) = 0;
   virtual void OnMouseSelected(wxMouseEvent const &event);
@@ -57,15 +60,15 @@ public:
   void OnMouseOverObject(wxMouseEvent const &event);
   void OnMouseMoving(wxMouseEvent const &event);
   void OnMouseAtResizePoint(wxMouseEvent const &event);
+  ///@}
 
-  Types GetModeId() const { return m_modeId; }
-  bool IsIdle() const { return m_modeId == Types::Idle; }
+  Types GetModeId() const { return m_modeId; }             ///< the tool that it stands for
+  bool IsIdle() const { return m_modeId == Types::Idle; }  ///< the mode of no tool
 
-  // For the objects
-  std::int64_t GetToolFrameCount() const;
+  std::int64_t GetToolFrameCount() const;  ///< frames in the media
   /// The current frame; only its low 32 bits.
   int GetToolCurrentFrame() const;
-  double GetToolScale() const;
+  double GetToolScale() const;  ///< the view's zoom
   /// An object of this mode became selected: tells the host and makes this mode active.
   void NotifyObjectSelected(bool isNew);
   /// Puts an object at the front of the tool's objects.
@@ -83,8 +86,8 @@ protected:
   Kind *selectedAs() const {
     return dynamic_cast<Kind *>(selectedObject());
   }
-  IAnnotationObject *selectedObject() const;
-  bool isDrawing() const;
+  IAnnotationObject *selectedObject() const;  ///< or null; the tool owns it
+  bool isDrawing() const;                     ///< the tool is in the state Drawing
   /// Puts a new object in front and selects it.
   void insertAndSelect(std::unique_ptr<IAnnotationObject> object);
   /// A drag has made `object`: inserts and selects it, and brings the document up to date.
@@ -98,7 +101,7 @@ protected:
   /// Whether Shift alone is held.
   static bool isSquareKey(wxMouseEvent const &event);
 
-  Types m_modeId;
-  wxString m_modeName;
-  AnnotationTool *m_tool;  // owns this mode
+  Types m_modeId;          ///< the tool that it stands for
+  wxString m_modeName;     ///< the number of the tool as a text
+  AnnotationTool *m_tool;  ///< owns this mode
 };

@@ -22,7 +22,7 @@ public:
   void OnMouseRotating(wxMouseEvent const &event) override;
 
 protected:
-  BoxToolMode(Types modeId, AnnotationTool *tool);
+  BoxToolMode(Types modeId, AnnotationTool *tool);  ///< Made by `tool`, which owns it.
 
   /// A drag spans `rect`, which is of at least the minimal size: makes the object.
   virtual void finishBox(wxRect const &rect) = 0;
@@ -44,8 +44,11 @@ protected:
                   wxBitmap bitmap, wxRect const &area, AnnShapeProperties::Shape shape) const;
   /// What a drag to where the pointer is spans.
   virtual wxRect rectOfDrag(wxMouseEvent const &event) const;
+  ///@{
+  /// Where the button went down, and where the pointer is, in picture pixels.
   wxPoint pressPixel() const;
   wxPoint mousePixel() const;
+  ///@}
 
 private:
   wxSize m_minimalSize;

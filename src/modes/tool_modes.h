@@ -19,7 +19,9 @@ class IAnnotationToolMode;
 
 /// The modes of one tool, each by its concrete class. A plain record.
 struct FRAMENOTE_API ToolModes {
+  /// All null.
   ToolModes() = default;
+  /// REQUIRES: none is null.
   ToolModes(std::shared_ptr<AnnIdleToolMode> idleMode, std::shared_ptr<AnnShapeToolMode> shapeMode,
             std::shared_ptr<AnnArrowToolMode> arrowMode,
             std::shared_ptr<AnnPencilToolMode> pencilMode,
@@ -31,6 +33,8 @@ struct FRAMENOTE_API ToolModes {
   /// The mode of that number; null if there is none.
   std::shared_ptr<IAnnotationToolMode> Of(Types mode) const;
 
+  ///@{
+  /// The mode, with the record of the next object's look. Null only in a default-made record.
   std::shared_ptr<AnnIdleToolMode> idle;
   std::shared_ptr<AnnShapeToolMode> shape;
   std::shared_ptr<AnnArrowToolMode> arrow;
@@ -40,4 +44,5 @@ struct FRAMENOTE_API ToolModes {
   std::shared_ptr<AnnHideToolMode> hide;
   std::shared_ptr<AnnMagnifyToolMode> magnify;
   std::shared_ptr<AnnGeneralToolMode> general;
+  ///@}
 };

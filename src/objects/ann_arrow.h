@@ -16,10 +16,12 @@ class FRAMENOTE_API AnnArrow
     : public framenote::RecordedObject<AnnArrow, AnnArrowToolMode, AnnArrowProperties,
                                        AnnArrowCoordinates> {
 public:
+  /// A new arrow with the look of the mode's record; ends in picture pixels.
   AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxPoint2DInt const &head,
            wxPoint2DInt const &tail, std::int64_t frame);
   /// REQUIRES: IsJSONValid(json).
   AnnArrow(std::shared_ptr<AnnArrowToolMode> const &mode, wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes.
   AnnArrow(AnnArrow const &other);
   ~AnnArrow() override;
 
@@ -40,10 +42,12 @@ public:
   wxPoint2DInt GetPastePoint() override;
   void UpdateProperties() override;
 
+  ///@{
   /// The head's base and wings, from both ends; then the body, which needs the base.
   void FindHead(AnnArrowPoints &record) const;
   void FindBody(AnnArrowPoints &record) const;
   void FindHeadAndBody(AnnArrowPoints &record) const;
+  ///@}
   /// Left wing, tip, right wing.
   std::vector<wxPoint2DDouble> GetHeadPoints(AnnArrowPoints const &record,
                                              wxPoint2DDouble const &offset) const;
@@ -53,11 +57,13 @@ public:
   /// Moves the active end to `position`.
   void ModifyTo(wxPoint2DInt const &position);
 
+  /// The look.
   AnnArrowProperties const &GetProperties() const { return m_properties; }
+  /// The ends in every frame; whoever reads records holds its mutex.
   AnnArrowCoordinates const &GetCoordinates() const { return m_coordinates; }
 
-  static constexpr int m_headHandle = 9;
-  static constexpr int m_tailHandle = 10;
+  static constexpr int m_headHandle = 9;   ///< number of the handle
+  static constexpr int m_tailHandle = 10;  ///< number of the handle
 
 private:
   void findContainingRect() override;

@@ -47,11 +47,14 @@ public:
   wxColour GetDominantColor() override;
   void UpdateProperties() override;
 
+  /// The look.
   AnnHideProperties const &HideProperties() const { return m_look; }
 
+  ///@{
   /// The whole of a picture with an effect; null for an invalid picture.
   static wxBitmap GetBlurredBitmapFromImage(wxImage const &image, int strength);
   static wxBitmap GetPixelatedBitmapFromImage(wxImage const &image, int strength);
+  ///@}
   /// A black bitmap with a turned shape in white; see framenote::RotatedMaskBitmap.
   static wxBitmap GetRotatedMaskBitmap(wxPoint2DDouble const &offset, int width, int height,
                                        int shapeWidth, int shapeHeight, double angle,

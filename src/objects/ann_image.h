@@ -26,6 +26,7 @@ public:
   /// REQUIRES: IsJSONValid(json). Without its file the object has no picture and paints nothing.
   AnnImage(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
            std::shared_ptr<AnnImageToolMode> const &imageMode, wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes. The picture's pixels are shared, too.
   AnnImage(AnnImage const &other);
   ~AnnImage() override;
 
@@ -46,6 +47,7 @@ public:
 
   /// The picture as it was read; invalid if it could not be.
   wxImage GetImage() const { return m_image; }
+  /// The look.
   AnnImageProperties const &ImageProperties() const { return m_look; }
   /// Reads a file. If it cannot be read, what was painted before goes on being painted.
   void SetImage(wxString const &path);

@@ -58,6 +58,7 @@ public:
   void UpdateStartEndCoordinates(std::int64_t frame, bool isStart) override;
   void OnObjectModified() override;
 
+  /// The look.
   AnnMagnifyProperties const &MagnifyProperties() const { return m_look; }
 
   /// Takes note of the zoom that is shown, which ResizeOnZoom starts from. There is no enlarged
@@ -78,6 +79,7 @@ public:
   /// The rectangle that bounds the lens, moved by `shift` if its centre was dragged away.
   wxRect GetContainingRect(wxPoint const &shift) const;
 
+  /// The mirror's member for centres that were dragged away.
   static constexpr char const *coordinatesCenterPointKey = "CoordinatesCenterPoint";
 
 private:

@@ -21,10 +21,11 @@ public:
             std::int64_t frame);
   /// REQUIRES: IsJSONValid(json).
   AnnPencil(std::shared_ptr<AnnPencilToolMode> const &mode, wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes.
   AnnPencil(AnnPencil const &other);
   ~AnnPencil() override;
 
-  static bool IsJSONValid(wxJSONValue const &json);
+  static bool IsJSONValid(wxJSONValue const &json);  ///< Whether an object can be made from `json`.
 
   void Draw(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) const override;
   void DrawFocused(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
@@ -44,10 +45,12 @@ public:
   std::vector<wxPoint2DDouble> GetPath(AnnPencilPoints const &record,
                                        wxPoint2DDouble const &offset) const;
 
+  /// The look.
   AnnPencilProperties const &GetProperties() const { return m_properties; }
+  /// The path in every frame; whoever reads records holds its mutex.
   AnnPencilCoordinates const &GetCoordinates() const { return m_coordinates; }
 
-  static constexpr char const *pathDiffsKey = "PathDiffs";
+  static constexpr char const *pathDiffsKey = "PathDiffs";  ///< the mirror's member for the form
 
 private:
   void findContainingRect() override;

@@ -22,9 +22,11 @@ class FRAMENOTE_API AnnShape
     : public framenote::RecordedObject<AnnShape, AnnShapeToolMode, AnnShapeProperties,
                                        AnnShapeCoordinates> {
 public:
+  /// A new shape with the look of the mode's record; `rect` in picture pixels.
   AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxRect const &rect, std::int64_t frame);
   /// REQUIRES: IsJSONValid(json).
   AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes.
   AnnShape(AnnShape const &other);
   ~AnnShape() override;
 
@@ -47,34 +49,43 @@ public:
   void UpdateCoordinatesPointers(std::int64_t frame) override;
 
   // Queries of a record
-  bool IsPoint(AnnShapePoints const &record) const;
-  bool IsXLine(AnnShapePoints const &record) const;
-  bool IsYLine(AnnShapePoints const &record) const;
-  bool IsLine(AnnShapePoints const &record) const;
-  bool IsReflected(AnnShapePoints const &record) const;
+  bool IsPoint(AnnShapePoints const &record) const;      ///< all corners in one pixel
+  bool IsXLine(AnnShapePoints const &record) const;      ///< no height
+  bool IsYLine(AnnShapePoints const &record) const;      ///< no width
+  bool IsLine(AnnShapePoints const &record) const;       ///< one of the two
+  bool IsReflected(AnnShapePoints const &record) const;  ///< corners run the other way round
   /// Whether the left side points against its remembered direction.
   bool IsRotatedByReflection(AnnShapePoints const &record) const;
-  bool IsFillCoveredByBorder(AnnShapePoints const &record) const;
-  wxSize GetSize(AnnShapePoints const &record) const;
+  bool IsFillCoveredByBorder(AnnShapePoints const &record) const;  ///< the border leaves no inside
+  wxSize GetSize(AnnShapePoints const &record) const;  ///< lengths of the sides, truncated
+  ///@{
+  /// Corners, inner corners, or handles of a record, each plus `offset`; handles are the corners,
+  /// then the middles of the top, right, bottom and left side.
   std::vector<wxPoint2DDouble> GetCorners(AnnShapePoints const &record,
                                           wxPoint2DDouble const &offset) const;
   std::vector<wxPoint2DDouble> GetInnerCorners(AnnShapePoints const &record,
                                                wxPoint2DDouble const &offset) const;
   std::vector<wxPoint2DDouble> GetResizePoints(AnnShapePoints const &record,
                                                wxPoint2DDouble const &offset) const;
+  ///@}
 
   // Derived points of a record; the caller holds the lock if the record is in the store
+  ///@{
+  /// Works out cached points of a record, see its members. REQUIRES: the caller holds the mutex of
+  /// the record's store.
   void FindResizePoints(AnnShapePoints &record) const;
   void FindRotationPoint(AnnShapePoints &record, bool reflected) const;
   void CalculateInnerCoordinates(int thickness, AnnShapePoints &record, bool reflected) const;
+  ///@}
 
   // Resizing and turning
   /// Width over height of `record`, to be kept by a resize.
   void CalculateAspectRatio(AnnShapePoints const &record);
-  double GetAspectRatio() const { return m_aspectRatio; }
-  double GetRotationAngle() const { return m_rotationAngle; }
+  double GetAspectRatio() const { return m_aspectRatio; }      ///< width over height
+  double GetRotationAngle() const { return m_rotationAngle; }  ///< radians, of the current frame
   /// The angle that a drag started from.
   double GetRememberedAngle() const { return m_rememberedAngle; }
+  /// Takes the angle, in radians; the cursors of the handles turn with it.
   void UpdateRotationState(double angle);
   /// Saves the corners, the angle and the aspect ratio that a drag starts from. A shape collapsed
   /// to one pixel keeps what was saved before.
@@ -91,26 +102,28 @@ public:
   using IAnnotationObject::GetContainingRect;
   /// The rectangle that bounds the current record, whatever `frame` says.
   wxRect GetContainingRect(std::int64_t frame) const;
-  std::mutex &GetCoordinatesMutex() const;
+  std::mutex &GetCoordinatesMutex() const;  ///< the store's
+  /// The look.
   AnnShapeProperties const &GetProperties() const { return m_properties; }
+  /// The corners in every frame; whoever reads records holds its mutex.
   AnnShapeCoordinates const &GetCoordinates() const { return m_coordinates; }
 
   /// The rectangle, or the square of the shorter side, that a drag from `first` to `second` spans.
   static wxRect GetRectOrSquare(wxPoint const &first, wxPoint const &second, bool square);
 
-  static constexpr int m_rotationArmLength = 30;  ///< screen pixels
-  static const std::vector<wxStockCursor> m_resizeCursors;
+  static constexpr int m_rotationArmLength = 30;            ///< screen pixels
+  static const std::vector<wxStockCursor> m_resizeCursors;  ///< of the handles
 
 protected:
-  bool isFullyTransparent() const;
+  bool isFullyTransparent() const;  ///< neither border nor fill is seen
   /// Whether `point` lies in the turned box itself, whatever is painted of it; a box that is a
   /// single point is hit there.
   bool boxContains(wxPoint2DInt const &point) const;
   /// How a border is painted.
   struct Border {
-    AnnShapeProperties::Shape shape;
-    wxColour colour;
-    int thickness;
+    AnnShapeProperties::Shape shape;  ///< what is drawn
+    wxColour colour;                  ///< alpha 0 paints none
+    int thickness;                    ///< picture pixels
   };
   /// Paints a border alone; what it encloses stays, unless the shape's border covers it.
   void drawBorder(IAnnPainter &painter, AnnShapePoints const &record, wxPoint2DDouble const &offset,

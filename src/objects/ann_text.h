@@ -25,7 +25,7 @@ class wxTextCtrl;
 class FRAMENOTE_API AnnText
     : public framenote::BoxedObject<AnnText, AnnTextToolMode, AnnTextProperties> {
 public:
-  using Macros = std::unordered_map<wxString, wxString>;
+  using Macros = std::unordered_map<wxString, wxString>;  ///< what is replaced by what
 
   /// A new box with an empty text and the look of the text mode's record.
   AnnText(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
@@ -33,6 +33,7 @@ public:
   /// REQUIRES: IsJSONValid(json).
   AnnText(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
           std::shared_ptr<AnnTextToolMode> const &textMode, wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes.
   AnnText(AnnText const &other);
   ~AnnText() override;
 
@@ -54,10 +55,13 @@ public:
 
   /// The user's text, macros unreplaced.
   wxString GetText() const { return m_text; }
+  /// The same by lines.
   std::vector<wxString> const &GetTextLines() const { return m_textLines; }
   /// The text as painted, macros replaced.
   wxString GetParsedText() const { return m_parsedText; }
+  /// The look.
   AnnTextProperties const &TextProperties() const { return m_look; }
+  /// Changes the look, and the fill that the box is hit by.
   void SetBackgroundColor(wxColour const &colour);
 
   /// `text` with each key of `macros` replaced by its value, in one pass over the map: whether a
@@ -66,10 +70,12 @@ public:
   static wxString ParseString(wxString const &text, Macros const &macros);
   /// Works out the painted text anew.
   void ParseTextLines(Macros const &macros);
+  ///@{
   /// The text of a string is one line, whatever it holds; that of a control has the control's
   /// lines.
   void SetTextAndParse(wxString const &text, Macros const &macros);
   void SetTextAndParse(wxTextCtrl const &control, Macros const &macros);
+  ///@}
   /// Appends to the last line.
   void AppendTextAndParse(wxString const &text, Macros const &macros);
 
@@ -84,9 +90,9 @@ public:
   /// Whether all of the text is painted, so that it can be edited as it is seen.
   bool IsShownWhole() const;
 
-  static constexpr std::size_t m_maxLines = 1024;
-  static constexpr std::size_t m_maxLength = 65536;
-  static constexpr char const *textLinesKey = "TextLines";
+  static constexpr std::size_t m_maxLines = 1024;           ///< painted at most
+  static constexpr std::size_t m_maxLength = 65536;         ///< painted at most, in characters
+  static constexpr char const *textLinesKey = "TextLines";  ///< the mirror's member for the text
 
 private:
   struct Layout;

@@ -19,12 +19,13 @@ public:
   /// Whether a rectangle can be made from what `json` holds.
   static bool IsJSONValid(wxJSONValue const &json);
 
-  void OnSelection(bool isNew) override;
-  void SetCopiedObject() const override;
-  void Paste() const override;
-  void OnObjectModified() override;
-  wxJSONValue const &ToJSON() const override;
+  void OnSelection(bool isNew) override;       ///< gives the kind's look, too
+  void SetCopiedObject() const override;       ///< of the whole kind
+  void Paste() const override;                 ///< of the whole kind
+  void OnObjectModified() override;            ///< brings "Rectangle" up to date
+  wxJSONValue const &ToJSON() const override;  ///< the mirror in which the rectangle's lies
 
+  /// the mirror's member for the rectangle
   static constexpr char const *rectangleKey = "Rectangle";
 
 protected:
@@ -34,6 +35,7 @@ protected:
   /// A restored object; without "Properties" it takes the look of the mode's record.
   BoxedObject(std::shared_ptr<AnnShapeToolMode> const &shapeMode, std::shared_ptr<Mode> const &mode,
               wxJSONValue const &json);
+  /// A copy shares nothing with `other` but its modes.
   BoxedObject(BoxedObject const &other);
   ~BoxedObject() override;
 
@@ -42,11 +44,11 @@ protected:
                         wxColour const &fill, int thickness);
   /// Completes the mirror of a new object.
   void initMirrorOfNewObject();
-  void setJSONValLook();
-  void setJSONValRectangle();
+  void setJSONValLook();       ///< brings "Properties" of the mirror up to date
+  void setJSONValRectangle();  ///< brings "Rectangle" of the mirror up to date
 
-  std::shared_ptr<Mode> m_kindMode;
-  Properties m_look;
+  std::shared_ptr<Mode> m_kindMode;  ///< never null
+  Properties m_look;                 ///< the kind's own; the rectangle has one beside it
   wxJSONValue
       m_outerJsonVal;  ///< the whole object; the base's value, the rectangle, lies inside it
 };

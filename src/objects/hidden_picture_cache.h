@@ -16,11 +16,12 @@ namespace framenote {
 /// that a change of the effect finds the other one ready.
 class FRAMENOTE_API HiddenPictures {
 public:
+  /// Works out both, one of them on a thread of its own if there can be one.
   HiddenPictures(PixelView const &picture, int strength);
 
-  wxSize const &Size() const { return m_size; }
-  HiddenPicture const &Blurred() const { return *m_blurred; }
-  HiddenPicture const &Pixelated() const { return *m_pixelated; }
+  wxSize const &Size() const { return m_size; }                    ///< of the picture, in pixels
+  HiddenPicture const &Blurred() const { return *m_blurred; }      ///< with effect 0
+  HiddenPicture const &Pixelated() const { return *m_pixelated; }  ///< with effect 1
 
 private:
   wxSize m_size;  ///< of the picture

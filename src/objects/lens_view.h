@@ -24,8 +24,8 @@ FRAMENOTE_API wxRect LensView(wxImage const &picture, wxRect const &lens, wxPoin
 
 /// What is to be painted, and where.
 struct FRAMENOTE_API LensImage {
-  wxBitmap bitmap;
-  wxRect rect;
+  wxBitmap bitmap;  ///< null where there is nothing
+  wxRect rect;      ///< in picture pixels
 };
 
 /// The part of `picture`, which covers `area`, that `view` shows when it is enlarged about the

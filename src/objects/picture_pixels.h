@@ -15,13 +15,13 @@
 /// picture that several threads see is only read, by its pixels.
 namespace framenote {
 
-constexpr int kPictureChannels = 3;
+constexpr int kPictureChannels = 3;  ///< red, green, blue
 
 /// The picture from its origin; an empty rectangle for an invalid one.
 FRAMENOTE_API wxRect RectOfPicture(wxImage const &picture);
 /// The pixels of a picture; valid as long as it is. REQUIRES: the picture is Ok.
 FRAMENOTE_API PixelView PixelsOf(wxImage const &picture);
-FRAMENOTE_API PixelArea AreaOf(wxRect const &rect);
+FRAMENOTE_API PixelArea AreaOf(wxRect const &rect);  ///< The same rectangle for a kernel.
 /// The integer middle of a rectangle, each coordinate truncated toward zero.
 FRAMENOTE_API wxPoint CentreOf(wxRect const &rect);
 

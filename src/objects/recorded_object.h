@@ -20,21 +20,23 @@ namespace framenote {
 template <class Kind, class Mode, class Properties, class Store>
 class FRAMENOTE_API RecordedObject : public IAnnotationObject {
 public:
-  void MoveFor(wxPoint2DInt const &delta) override;
-  void MoveAllFramesFor(wxPoint2DInt const &delta) override;
-  void UpdateProperties() override;
-  void OnSelection(bool isNew) override;
-  void UpdateCoordinatesPointers(std::int64_t frame) override;
-  void DuplicateLastCoordinates(std::int64_t frame) override;
-  void UpdateStartEndCoordinates(std::int64_t frame, bool isStart) override;
-  bool AreCoordinatesEmpty(std::int64_t frame) override;
-  std::int64_t GetRecentlyUpdatedCoordsFrame() const override;
-  void SetCopiedObject() const override;
-  void Paste() const override;
-  void OnObjectModified() override;
-  void OnVideoLengthIncreased(std::int64_t length) override;
+  // The operations of IAnnotationObject that take a record as a whole.
+  void MoveFor(wxPoint2DInt const &delta) override;           ///< in the current frame's own record
+  void MoveAllFramesFor(wxPoint2DInt const &delta) override;  ///< each record once
+  void UpdateProperties() override;                           ///< a copy of the mode's record
+  void OnSelection(bool isNew) override;                      ///< by way of the mode
+  void UpdateCoordinatesPointers(std::int64_t frame) override;                ///< that of the store
+  void DuplicateLastCoordinates(std::int64_t frame) override;                 ///< that of the store
+  void UpdateStartEndCoordinates(std::int64_t frame, bool isStart) override;  ///< that of the store
+  bool AreCoordinatesEmpty(std::int64_t frame) override;                      ///< that of the store
+  std::int64_t GetRecentlyUpdatedCoordsFrame() const override;                ///< that of the store
+  void SetCopiedObject() const override;                      ///< by way of the mode
+  void Paste() const override;                                ///< by way of the mode
+  void OnObjectModified() override;                           ///< by the store's array
+  void OnVideoLengthIncreased(std::int64_t length) override;  ///< the store grows
 
 protected:
+  /// one run's record
   using Points = std::decay_t<decltype(std::declval<Store &>().CoordsEditable())>;
 
   /// A new object with the look of the mode's record. `makeStore` gets the frame count and the
@@ -45,6 +47,7 @@ protected:
   template <class MakeStore>
   RecordedObject(std::shared_ptr<Mode> const &mode, wxJSONValue const &json,
                  MakeStore const &makeStore);
+  /// A copy shares nothing with `other` but its modes.
   RecordedObject(RecordedObject const &other);
   ~RecordedObject() override;
 
@@ -69,12 +72,12 @@ protected:
   double handleTolerance(double least) const;
   /// Completes the mirror of a new object.
   void initJSONValOfNewObject();
-  void setJSONValProperties();
-  void setJSONValCoordinates();
+  void setJSONValProperties();   ///< brings "Properties" of the mirror up to date
+  void setJSONValCoordinates();  ///< brings "Coordinates" of the mirror up to date
 
-  std::shared_ptr<Mode> m_toolMode;
-  Properties m_properties;
-  Store m_coordinates;
+  std::shared_ptr<Mode> m_toolMode;  ///< never null
+  Properties m_properties;           ///< the look
+  Store m_coordinates;               ///< the geometry in every frame
 };
 
 }  // namespace framenote

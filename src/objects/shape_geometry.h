@@ -13,16 +13,20 @@
 /// downward; angles in radians where not said otherwise.
 namespace framenote {
 
-constexpr double kPi = 3.141592653589793;
+constexpr double kPi = 3.141592653589793;  ///< half a turn
 
+/// 180 for kPi.
 inline double DegreesFromRadians(double radians) {
   return radians * 180.0 / kPi;
 }
 
-/// Whether all corners round to one pixel; whether the height; whether the width has collapsed.
+///@{
+/// Whether all corners round to one pixel (IsPoint), or the height (IsXLine) or the width (IsYLine)
+/// has collapsed.
 FRAMENOTE_API bool IsPoint(AnnShapePoints const &record);
 FRAMENOTE_API bool IsXLine(AnnShapePoints const &record);
 FRAMENOTE_API bool IsYLine(AnnShapePoints const &record);
+///@}
 /// Whether the corners run counter-clockwise: a handle was pulled past the opposite side.
 FRAMENOTE_API bool IsReflected(AnnShapePoints const &record);
 
@@ -35,10 +39,13 @@ FRAMENOTE_API void CalculateInnerCoordinates(int thickness, AnnShapePoints &reco
 /// Names the corners of a reflected record by their order again.
 FRAMENOTE_API void SwapLeftAndRight(AnnShapePoints &record);
 
+///@{
+/// The four corners of the outline, or of what the border leaves, each plus `offset`.
 FRAMENOTE_API std::vector<wxPoint2DDouble> GetCorners(AnnShapePoints const &record,
                                                       wxPoint2DDouble const &offset);
 FRAMENOTE_API std::vector<wxPoint2DDouble> GetInnerCorners(AnnShapePoints const &record,
                                                            wxPoint2DDouble const &offset);
+///@}
 /// The corners, then the middles of the top, right, bottom and left side.
 FRAMENOTE_API std::vector<wxPoint2DDouble> GetResizePoints(AnnShapePoints const &record,
                                                            wxPoint2DDouble const &offset);

@@ -34,18 +34,18 @@ public:
   /// What a mask is drawn from: the offset of the shape's centre from that of the bitmap, the size
   /// of the bitmap, and the shape's own sides, angle and kind.
   struct Form {
-    wxPoint2DDouble offset;
-    wxSize area;
-    double width;
-    double height;
-    double angle;
-    AnnShapeProperties::Shape shape;
+    wxPoint2DDouble offset;           ///< of the shape's centre, in picture pixels
+    wxSize area;                      ///< of the bitmap
+    double width;                     ///< of the shape
+    double height;                    ///< of the shape
+    double angle;                     ///< radians
+    AnnShapeProperties::Shape shape;  ///< what is cut out
 
-    bool operator==(Form const &other) const;
-    bool IsFinite() const;
+    bool operator==(Form const &other) const;  ///< member by member
+    bool IsFinite() const;                     ///< no member is NaN or infinite
   };
 
-  explicit ShapeMask(Edge edge);
+  explicit ShapeMask(Edge edge);  ///< No mask is drawn yet.
   /// A copy makes a mask of its own.
   ShapeMask(ShapeMask const &other);
   ShapeMask &operator=(ShapeMask const &) = delete;

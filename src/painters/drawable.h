@@ -19,15 +19,19 @@ namespace framenote {
 /// eight million device pixels.
 class FRAMENOTE_API DrawableRange {
 public:
+  /// REQUIRES: a scale as DrawableScale gives it.
   explicit DrawableRange(double scale);
 
   /// The value within the range; NaN gives 0.
   double Coordinate(double value) const;
+  ///@{
+  /// Both coordinates within the range.
   wxPoint2DDouble Point(wxPoint2DDouble const &point) const;
   std::vector<wxPoint2DDouble> Points(std::vector<wxPoint2DDouble> points) const;
+  ///@}
   /// Each edge on its own: a rectangle that reaches beyond the range is cut, not moved.
   wxRect Rect(wxRect const &rect) const;
-  double Scale() const { return m_scale; }
+  double Scale() const { return m_scale; }  ///< the scale that acts
   /// How many times larger text must be set on a surface whose scale is taken back as many times,
   /// as it cannot be rendered under the whole scale: 1 where it can. REQUIRES: the font is Ok.
   double TextEnlargement(wxFont const &font) const;

@@ -14,9 +14,9 @@ namespace framenote {
 /// Whether what is painted in the colour can be seen: a null colour counts as transparent.
 FRAMENOTE_API bool IsVisible(wxColour const &colour);
 
-FRAMENOTE_API wxPen NoPen();
-FRAMENOTE_API wxBrush NoBrush();
-FRAMENOTE_API wxBrush SolidBrush(wxColour const &colour);
+FRAMENOTE_API wxPen NoPen();                               ///< Paints no line.
+FRAMENOTE_API wxBrush NoBrush();                           ///< Paints no fill.
+FRAMENOTE_API wxBrush SolidBrush(wxColour const &colour);  ///< A fill of one colour.
 
 /// For lines, with round joins and caps. A line is there to be seen: at least 1 wide.
 FRAMENOTE_API wxPen LinePen(wxColour const &colour, int width);

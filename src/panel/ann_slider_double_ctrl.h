@@ -18,7 +18,7 @@ public:
   void setFromDouble(double value);
   /// What the position stands for.
   double GetDouble() const { return m_step * GetValue(); }
-  bool AcceptsFocus() const override { return false; }
+  bool AcceptsFocus() const override { return false; }  ///< never
 
 private:
   double m_step;

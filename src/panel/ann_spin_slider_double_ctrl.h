@@ -15,15 +15,18 @@ class wxSpinDoubleEvent;
 /// either part raises one wxEVT_SLIDER of this control. The focus goes to the spin.
 class FRAMENOTE_API AnnSpinSliderDoubleCtrl : public wxNavigationEnabled<wxSlider> {
 public:
+  /// Both parts show `value`; a position stands for `step`. `parent` owns the control.
   AnnSpinSliderDoubleCtrl(wxWindow *parent, int id, double value, double min, double max,
                           double step, wxPoint const &position, wxSize const &size,
                           long sliderStyle, long spinStyle, wxValidator const &validator,
                           wxString const &name);
 
-  // Positions, not what they stand for.
+  /// The position, not what it stands for.
   int GetValue() const override;
   /// Shows the position in both parts; raises no event.
   void SetValue(int value) override;
+  ///@{
+  /// The slider's own, in positions.
   void SetRange(int minValue, int maxValue) override;
   int GetMin() const override;
   int GetMax() const override;
@@ -33,9 +36,10 @@ public:
   int GetPageSize() const override;
   void SetThumbLength(int lenPixels) override;
   int GetThumbLength() const override;
+  ///@}
 
 protected:
-  wxSize DoGetBestSize() const override;
+  wxSize DoGetBestSize() const override;  ///< both parts beside each other, in screen pixels
 #ifdef __WXGTK__
   GdkWindow *GTKGetWindow(wxArrayGdkWindows &windows) const override;
 #endif

@@ -33,10 +33,14 @@ public:
   virtual ~AnnotationControlsFactory();
 
 protected:
+  ///@{
   /// Gives a colour to a window and to all below it.
   virtual void setBackgroundColorRecursively(wxWindow *window, wxColour const &colour) = 0;
   virtual void setForegroundColorRecursively(wxWindow *window, wxColour const &colour) = 0;
+  ///@}
 
+  ///@{
+  /// The toolkit's control; the arguments are those of its constructor.
   virtual wxStaticText *CreateStaticText(wxWindow *parent, int id, wxString const &label,
                                          wxPoint const &position, wxSize const &size, long style,
                                          wxString const &name);
@@ -47,6 +51,7 @@ protected:
                                              wxPoint const &position, wxSize const &size,
                                              long style, wxValidator const &validator,
                                              wxString const &name);
+  ///@}
   /// A button of the tool grid. The name is that of the interface.
   virtual wxToggleButton *CreateToolToogleButton(wxWindow *parent, int id, wxString const &label,
                                                  wxPoint const &position, wxSize const &size,
@@ -57,6 +62,8 @@ protected:
                                                 wxPoint const &position, wxSize const &size,
                                                 long style, wxValidator const &validator,
                                                 wxString const &name);
+  ///@{
+  /// The toolkit's control; the arguments are those of its constructor.
   virtual wxPanel *CreatePanel(wxWindow *parent);
   virtual wxChoice *CreateChoiceCtrl(wxWindow *parent, int id, wxPoint const &position,
                                      wxSize const &size, wxArrayString const &items, long style,
@@ -75,6 +82,7 @@ protected:
   virtual wxSliderBase *CreateSlider(wxWindow *parent, int id, int value, int min, int max,
                                      wxPoint const &position, wxSize const &size, long style,
                                      wxValidator const &validator, wxString const &name);
+  ///@}
   /// A slider whose positions stand for multiples of `step`.
   virtual wxSliderBase *CreateSliderDouble(wxWindow *parent, int id, double value, double min,
                                            double max, double step, wxPoint const &position,
@@ -85,6 +93,8 @@ protected:
                                                double max, double step, wxPoint const &position,
                                                wxSize const &size, long sliderStyle, long spinStyle,
                                                wxValidator const &validator, wxString const &name);
+  ///@{
+  /// The toolkit's control; the arguments are those of its constructor.
   virtual wxComboBox *CreateComboBox(wxWindow *parent, int id, wxString const &value,
                                      wxPoint const &position, wxSize const &size,
                                      wxArrayString const &items, long style,
@@ -112,4 +122,5 @@ protected:
       wxWindow *parent, int id, wxString const &value, wxPoint const &position, wxSize const &size,
       int count, wxString const *items, long style, wxValidator const &validator,
       wxString const &name);
+  ///@}
 };

@@ -9,27 +9,35 @@
 /// The look of a hide region.
 class FRAMENOTE_API AnnHideProperties : public IAnnotationProperties {
 public:
+  /// How a region is hidden.
   enum Effect : int { Blur = 0, Pixelation = 1 };
 
-  AnnHideProperties();
+  AnnHideProperties();  ///< The defaults that the document format tells.
+  /// Reads `json`; what it lacks is the default.
   explicit AnnHideProperties(wxJSONValue const &json);
+  ///@{
+  /// A copy shares nothing with its source.
   AnnHideProperties(AnnHideProperties const &other);
   AnnHideProperties &operator=(AnnHideProperties const &other);
+  ///@}
   ~AnnHideProperties() override;
 
-  Effect GetEffect() const { return m_effect; }
+  Effect GetEffect() const { return m_effect; }  ///< how it is hidden; need not be known
   /// Whether the effect is one of the two; a document may bring any number.
   bool HasKnownEffect() const { return m_effect == Blur || m_effect == Pixelation; }
-  int GetStrength() const { return m_strength; }
-  AnnShapeProperties::Shape GetShape() const { return m_shape; }
-  wxColour GetBorderColor() const { return m_borderColor; }
-  int GetThickness() const { return m_thickness; }
+  int GetStrength() const { return m_strength; }  ///< in picture pixels; acts as 1 below 1
+  AnnShapeProperties::Shape GetShape() const { return m_shape; }  ///< the form of the region
+  wxColour GetBorderColor() const { return m_borderColor; }       ///< alpha 0 paints no border
+  int GetThickness() const { return m_thickness; }  ///< of the border, in picture pixels
 
+  ///@{
+  /// Sets the field and its member of the mirror.
   void SetEffect(Effect value);
   void SetStrength(int value);
   void SetShape(AnnShapeProperties::Shape value);
   void SetBorderColor(wxColour const &value);
   void SetThickness(int value);
+  ///@}
 
   static constexpr int m_maxStrength = 50;  ///< the greatest that the panel offers
 

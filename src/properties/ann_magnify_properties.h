@@ -11,6 +11,8 @@
 /// The look of a magnifier.
 class FRAMENOTE_API AnnMagnifyProperties : public IAnnotationProperties {
 public:
+  /// What is painted beside what the lens shows: nothing, its border, or also the outline of the
+  /// enlarged area and so many lines from there to the lens.
   enum BorderType : int {
     Transparent = 0,
     ShapeOnly = 1,
@@ -19,24 +21,32 @@ public:
     PointToZoomedArea4Lines = 4
   };
 
-  AnnMagnifyProperties();
+  AnnMagnifyProperties();  ///< The defaults that the document format tells.
+  /// Reads `json`; what it lacks is the default.
   explicit AnnMagnifyProperties(wxJSONValue const &json);
+  ///@{
+  /// A copy shares nothing with its source.
   AnnMagnifyProperties(AnnMagnifyProperties const &other);
   AnnMagnifyProperties &operator=(AnnMagnifyProperties const &other);
+  ///@}
   ~AnnMagnifyProperties() override;
 
-  double GetZoom() const { return m_zoom; }
-  bool GetFixedSourceSize() const { return m_fixedSourceSize; }
+  double GetZoom() const { return m_zoom; }                      ///< how many times larger
+  bool GetFixedSourceSize() const { return m_fixedSourceSize; }  ///< the lens grows with the zoom
+  /// How pixels between the picture's own are found.
   wxImageResizeQuality GetZoomMethod() const {
     return static_cast<wxImageResizeQuality>(m_zoomMethod);
   }
   /// The same as a document gives it, which need not be a method.
   int GetZoomMethodNumber() const { return m_zoomMethod; }
-  AnnShapeProperties::Shape GetShape() const { return m_shape; }
-  wxColour GetBorderColor() const { return m_borderColor; }
-  BorderType GetBorderType() const { return m_borderType; }
+  AnnShapeProperties::Shape GetShape() const { return m_shape; }  ///< the form of the lens
+  wxColour GetBorderColor() const { return m_borderColor; }       ///< of border, outline and lines
+  BorderType GetBorderType() const { return m_borderType; }       ///< need not be known
+  /// of border, outline and lines, in picture pixels
   int GetThickness() const { return m_thickness; }
 
+  ///@{
+  /// Sets the field and its member of the mirror.
   void SetZoom(double value);
   void SetFixedSourceSize(bool value);
   void SetZoomMethod(wxImageResizeQuality value);
@@ -44,11 +54,11 @@ public:
   void SetBorderColor(wxColour const &value);
   void SetBorderType(BorderType value);
   void SetThickness(int value);
+  ///@}
 
-  // What the panel offers
-  static constexpr double m_minZoom = 1.5;
-  static constexpr double m_maxZoom = 8.0;
-  static constexpr double m_zoomStep = 0.5;
+  static constexpr double m_minZoom = 1.5;   ///< the least that the panel offers
+  static constexpr double m_maxZoom = 8.0;   ///< the greatest
+  static constexpr double m_zoomStep = 0.5;  ///< from one to the next
 
 private:
   void initJSONVal() override;

@@ -9,17 +9,24 @@
 /// The look of a freehand stroke.
 class FRAMENOTE_API AnnPencilProperties : public IAnnotationProperties {
 public:
-  AnnPencilProperties();
+  AnnPencilProperties();  ///< The defaults that the document format tells.
+  /// Reads `json`; what it lacks is the default.
   explicit AnnPencilProperties(wxJSONValue const &json);
+  ///@{
+  /// A copy shares nothing with its source.
   AnnPencilProperties(AnnPencilProperties const &other);
   AnnPencilProperties &operator=(AnnPencilProperties const &other);
+  ///@}
   ~AnnPencilProperties() override;
 
-  wxColour GetColor() const { return m_color; }
-  int GetThickness() const { return m_thickness; }
+  wxColour GetColor() const { return m_color; }     ///< of the line, with alpha
+  int GetThickness() const { return m_thickness; }  ///< of the line, in picture pixels
 
+  ///@{
+  /// Sets the field and its member of the mirror.
   void SetColor(wxColour const &value);
   void SetThickness(int value);
+  ///@}
 
 private:
   void initJSONVal() override;

@@ -12,15 +12,19 @@
 class FRAMENOTE_API IAnnotationProperties {
 public:
   virtual ~IAnnotationProperties();
-  wxJSONValue const &ToJSON() const { return m_jsonVal; }
+  wxJSONValue const &ToJSON() const { return m_jsonVal; }  ///< the mirror, current at every moment
 
 protected:
   IAnnotationProperties();
+  /// Takes `json` as the mirror; unknown members stay in it.
   explicit IAnnotationProperties(wxJSONValue const &json);
+  ///@{
+  /// A copy shares nothing with its source.
   IAnnotationProperties(IAnnotationProperties const &other);
   IAnnotationProperties &operator=(IAnnotationProperties const &other);
+  ///@}
 
-  wxJSONValue m_jsonVal;
+  wxJSONValue m_jsonVal;  ///< the mirror
 
 private:
   /// Writes every key from the fields.

@@ -153,7 +153,7 @@ public:
   explicit SessionHost(std::string const &folder)
       : m_tool(std::make_shared<AnnotationTool>(
             AnnotationToolConfig(false, false, true, true, true, {}))),
-        m_session(m_tool, {[] {}, [] {}, [](std::string const &) {}}, folder + "/recovery") {
+        m_session(m_tool, {[] {}, [] {}, [](std::exception_ptr const &) {}}, folder + "/recovery") {
     Bind(wxEVT_ANN_JSON_CHANGED,
          [this](AnnotationJsonChangedEvent &) { m_session.TakeDocument(); });
     m_tool->InitGui(nullptr, this, m_tool);
