@@ -111,7 +111,7 @@ protected:
   /// What the element of a run is made of.
   struct RunParts {
     wxJSONValue fragment;  ///< of the record; an invalid value leaves the run out
-    std::optional<bool> mirrored;
+    std::optional<bool> mirrored;  ///< of the stores that keep it
   };
 
   /// The record of `frame`, null where it is empty.
