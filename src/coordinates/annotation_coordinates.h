@@ -110,7 +110,8 @@ protected:
 
   /// What the element of a run is made of.
   struct RunParts {
-    wxJSONValue fragment;  ///< of the record; an invalid value leaves the run out
+    /// Of the record; an invalid value leaves the run out.
+    wxJSONValue fragment;
     std::optional<bool> mirrored;  ///< of the stores that keep it
   };
 
