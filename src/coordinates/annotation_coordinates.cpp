@@ -244,13 +244,17 @@ void IAnnotationCoordinates<T>::readRuns(
   std::int64_t entries = size();
   for (auto const &run : readable) entries = std::max(entries, run.last + 1);
   // Once for all runs: growing step by step would leave room for twice as many.
-  ResizeCoordsVec(entries);
+  m_coordsVec.reserve(ToSize(entries));
   for (auto const &run : readable) {
     std::shared_ptr<T> const record = makeRecord(runs.ItemAt(run.element));
     if (!record) continue;
     fill(run.first, run.last, record);
+    // Entries that are new get the record at once: long runs are filled in one pass.
+    if (run.first > size()) ResizeCoordsVec(run.first);
+    if (run.last >= size()) m_coordsVec.resize(ToSize(run.last + 1), record);
     m_current = run.last;
   }
+  ResizeCoordsVec(entries);
 }
 
 template <class T>

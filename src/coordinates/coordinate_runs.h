@@ -12,8 +12,9 @@ class wxJSONValue;
 /// from taking memory or time without limit. Free functions without state.
 namespace framenote {
 
-/// A document may make a store longer than the media by this many entries.
-constexpr std::int64_t kMaxExtraFrames = std::int64_t{1} << 24;
+/// A document may make a store longer than the media by this many entries: at 25 frames a second,
+/// by 46 hours.
+constexpr std::int64_t kMaxExtraFrames = std::int64_t{1} << 22;
 /// The points that the paths of all runs of one stroke may have together.
 constexpr std::int64_t kMaxPathPoints = std::int64_t{1} << 24;
 

@@ -88,9 +88,9 @@ void AnnotationTool::readObjects(wxJSONValue const &elements) {
   for (int i = 0; i < elements.Size(); ++i) {
     wxJSONValue const element = elements.ItemAt(i);
     if (!element.HasMember(IAnnotationObject::idKey) || !budget.HasRoomFor(element)) continue;
+    budget.Spend(element);
     std::unique_ptr<IAnnotationObject> object = objectFromJSON(element);
     if (!object || LeavesNoTrace(*object)) continue;
-    budget.Spend(element);
     // To the back: the array starts with the top of the z-order.
     m_objects.push_back(object.release());  // owned by the list
   }

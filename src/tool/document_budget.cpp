@@ -14,8 +14,9 @@ namespace framenote {
 
 namespace {
 
-/// How far all objects of a document together may make their stores longer than the media.
-constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 26;
+/// How far all objects of a document together may make their stores longer than the media. To fill
+/// and to clear so many entries takes a tenth of a second.
+constexpr std::int64_t kMaxExtraFramesOfDocument = std::int64_t{1} << 23;
 /// Points of all strokes of a document, in all their runs.
 constexpr std::int64_t kMaxPathPointsOfDocument = std::int64_t{1} << 26;
 
@@ -26,11 +27,12 @@ wxJSONValue RunsOf(wxJSONValue const &element) {
   return geometry.ItemAt(IAnnotationObject::coordinatesKey);
 }
 
-/// In the store that needs most: a lens has one of its own for what it shows.
+/// In both stores: a lens has one of its own for what it shows.
 std::int64_t ExtraFramesOf(wxJSONValue const &element, std::int64_t frameCount) {
+  constexpr std::int64_t kTooMany = kMaxExtraFrames + 1;
   wxJSONValue const centres = element.ItemAt(AnnMagnify::coordinatesCenterPointKey);
-  return std::max(CountExtraFrames(RunsOf(element), frameCount),
-                  CountExtraFrames(centres, frameCount));
+  return std::min(CountExtraFrames(RunsOf(element), frameCount), kTooMany) +
+         std::min(CountExtraFrames(centres, frameCount), kTooMany);
 }
 
 std::int64_t PathPointsOf(wxJSONValue const &element) {

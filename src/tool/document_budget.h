@@ -17,7 +17,8 @@ public:
 
   /// Whether there is room for the object that `element` describes.
   bool HasRoomFor(wxJSONValue const &element) const;
-  /// Counts an object that was made.
+  /// Counts an object that is about to be made; also if it turns out to be a bad one, as many of
+  /// those would take as long.
   void Spend(wxJSONValue const &element);
 
 private:

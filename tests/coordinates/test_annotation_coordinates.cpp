@@ -495,19 +495,19 @@ TEST(CoordinateStoreLoad, NegativeFrameCountActsAsZero) {
   EXPECT_EQ(store.CoordsVec().size(), 2u);
 }
 
-TEST(ReadRuns, EndBeforeSixteenMillionFramesBeyondTheMedia) {
+TEST(ReadRuns, EndBeforeFourMillionFramesBeyondTheMedia) {
   auto const runs =
-      framenote::ReadRuns(ArrayOf({RunOf(16777225, 16777226), RunOf(16777225, 16777225)}), 10);
+      framenote::ReadRuns(ArrayOf({RunOf(4194313, 4194314), RunOf(4194313, 4194313)}), 10);
   ASSERT_EQ(runs.size(), 1u);
   EXPECT_EQ(runs[0].element, 1);
-  EXPECT_EQ(runs[0].first, 16777225);
-  EXPECT_EQ(runs[0].last, 16777225);
+  EXPECT_EQ(runs[0].first, 4194313);
+  EXPECT_EQ(runs[0].last, 4194313);
 }
 
 TEST(ReadRuns, LimitTheLengthOfAllRunsTogether) {
-  // 10 + 2^24 = 16777226 entries: two runs of 8000000 leave room for 777226.
-  auto const runs = framenote::ReadRuns(ArrayOf({RunOf(0, 7999999), RunOf(0, 7999999),
-                                                 RunOf(0, 777226), RunOf(0, 777225), RunOf(0, 0)}),
+  // 10 + 2^22 = 4194314 entries: two runs of 2000000 leave room for 194314.
+  auto const runs = framenote::ReadRuns(ArrayOf({RunOf(0, 1999999), RunOf(0, 1999999),
+                                                 RunOf(0, 194314), RunOf(0, 194313), RunOf(0, 0)}),
                                         10);
   ASSERT_EQ(runs.size(), 3u);
   EXPECT_EQ(runs[2].element, 3);

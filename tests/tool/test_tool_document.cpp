@@ -272,7 +272,7 @@ INSTANTIATE_TEST_SUITE_P(
         R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0]}]})",
         R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9]}]})",
         // Longer than the media by more than an object may ask for.
-        R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,16777217]}]})",
+        R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,4194305]}]})",
         R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,9223372036854775807]}]})"));
 
 /// Values that are used, each of which must be used safely.
@@ -339,15 +339,44 @@ INSTANTIATE_TEST_SUITE_P(
         R"("Coordinates":[{"StartPoint":[3,4],"Range":[0,2]}]})"));
 
 TEST(ToolDocumentLimits, ManyObjectsCannotAskForMoreFramesThanADocumentMay) {
-  // Each object is as long as one may be; four fill what a document may ask for.
+  // Each object is as long as one may be; two fill what a document may ask for.
   std::string objects;
   for (int i = 0; i < 6; ++i) {
     objects += std::string(i == 0 ? "" : ",") +
-               R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,16777215]}]})";
+               R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,4194303]}]})";
   }
   ToolDriver driver;
   driver.Tool().FromJSON(Parsed(R"({"Annotate":{"Objects":[)" + objects + "]}}"), 0);
-  EXPECT_EQ(driver.ObjectCount(), 4U);
+  EXPECT_EQ(driver.ObjectCount(), 2U);
+}
+
+TEST(ToolDocumentLimits, ObjectsThatAreLeftOutCountAndLeaveThoseWithinTheMedia) {
+  // Arrows of no length, each as long in frames as one may be.
+  std::string objects;
+  for (int i = 0; i < 2; ++i) {
+    objects += R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[5,5],"Range":[0,4194303]}]},)";
+  }
+  objects += R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,8]}]},)";
+  objects += R"({"Id":3,"Coordinates":[{"Head":[5,5],"Tail":[9,9],"Range":[0,0]}]})";
+  ToolDriver driver;
+  driver.Tool().FromJSON(Parsed(R"({"Annotate":{"Objects":[)" + objects + "]}}"), 1);
+  // The two ask for 4194303 frames more than the one of the media; that leaves two of 2^23.
+  ASSERT_EQ(driver.ObjectCount(), 1U);
+  EXPECT_TRUE(driver.Object()->AreCoordinatesEmpty(1));
+}
+
+TEST(ToolDocumentLimits, TheFramesOfALensCountInBothItsStores) {
+  auto const lens = [](std::string const &last) {
+    return R"({"Annotate":{"Objects":[{"Id":8,"Rectangle":{"Coordinates":[{"TopLeft":[1,2],)"
+           R"("TopRight":[30,2],"BottomRight":[30,40],"BottomLeft":[1,40],"Range":[0,)" +
+           last + R"(]}]},"CoordinatesCenterPoint":[{"CenterPoint":[5,5],"Range":[0,)" + last +
+           "]}]}]}}";
+  };
+  ToolDriver driver;
+  driver.Tool().FromJSON(Parsed(lens("2097151")), 0);
+  EXPECT_EQ(driver.ObjectCount(), 1U);
+  driver.Tool().FromJSON(Parsed(lens("2097152")), 0);
+  EXPECT_EQ(driver.ObjectCount(), 0U);
 }
 
 TEST(ToolDocumentLimits, DeepNestingIsNoDocument) {

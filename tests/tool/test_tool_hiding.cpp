@@ -218,19 +218,19 @@ TEST_F(ToolPictures, LensThatShowsNothingYetIsKept) {
 }
 
 TEST_F(ToolPictures, CentresOfLensesCountInTheBudgetOfADocument) {
-  // Each asks for 16 million frames of centres, and four are the most that a document may have.
+  // Each asks for four million frames of centres, and two are the most that a document may have.
   std::string objects;
   for (int i = 0; i < 8; ++i) {
     objects +=
         std::string(i > 0 ? "," : "") +
-        R"({"Id":8,"CoordinatesCenterPoint":[{"CenterPoint":[1.0,1.0],"Range":[0,16777000]}],)"
+        R"({"Id":8,"CoordinatesCenterPoint":[{"CenterPoint":[1.0,1.0],"Range":[0,4194000]}],)"
         R"("Rectangle":{"StartFrame":0,"EndFrame":0,"Coordinates":[{"TopLeft":[10.0,10.0],)"
         R"("TopRight":[40.0,10.0],"BottomRight":[40.0,40.0],"BottomLeft":[10.0,40.0],)"
         R"("Range":[0,0]}]}})";
   }
   Tool().FromJSON(JsonFromText(wxString::FromUTF8(R"({"Annotate":{"Objects":[)" + objects + "]}}")),
                   10);
-  EXPECT_EQ(m_driver.ObjectCount(), 4U);
+  EXPECT_EQ(m_driver.ObjectCount(), 2U);
 }
 
 TEST_F(ToolPictures, FrameThatNoSurfaceHoldsIsNotBurnt) {
