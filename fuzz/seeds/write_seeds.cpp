@@ -197,12 +197,11 @@ int main(int argc, char **argv) {
     wxJSONValue const object = DrawnObject(kind, true);
     WriteDocument(documents / (name + ".json"), DrawnObject(kind, false));
     WriteDocument(documents / (name + "-look.json"), object);
-    objects.Append(object);
+    if (objects.Size() < 2) objects.Append(object);
   }
   Write(documents / "empty.json", Written(DocumentWith(wxJSONValue(wxJSONTYPE_ARRAY))));
-  wxJSONValue const all = DocumentWith(objects);
-  Write(documents / "all.json", Written(all));
-  WriteProjects(projects, "all", all);
+  Write(documents / "two.json", Written(DocumentWith(objects)));
+  WriteProjects(projects, "two", DocumentWith(objects));
   WriteProjects(projects, "empty", DocumentOf(wxJSONValue()));
   return 0;
 }

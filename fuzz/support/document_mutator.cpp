@@ -11,7 +11,8 @@
 namespace framenote::fuzz {
 namespace {
 
-constexpr std::size_t kMostObjects = 4;
+/// Two objects show what one does to another; more would only take longer.
+constexpr std::size_t kMostObjects = 2;
 
 /// A value within a document, and the name of the member that holds it or its array.
 struct Place {
@@ -70,7 +71,8 @@ Json &ObjectsOf(Json &document) {
 Json NewDocument(Chance &chance) {
   Json document;
   Json &objects = ObjectsOf(document);
-  for (int i = chance.Between(1, 3); i > 0; --i) objects.push_back(AnyObject(chance));
+  for (int i = chance.Between(1, static_cast<int>(kMostObjects)); i > 0; --i)
+    objects.push_back(AnyObject(chance));
   document["Annotate"]["ExtensionColor"] = ValueOf("ExtensionColor", chance);
   return document;
 }
