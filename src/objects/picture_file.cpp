@@ -6,6 +6,9 @@
 #include <wx/debug.h>
 #include <wx/filename.h>
 #include <wx/log.h>
+#include <wx/wfstream.h>
+
+#include "objects/picture_header.h"
 
 namespace framenote {
 
@@ -23,6 +26,19 @@ private:
   wxAssertHandler_t m_handler;
 };
 
+bool IsPaintable(PictureExtent const &extent) {
+  return std::max(extent.width, extent.height) <= kMaxPictureSide &&
+         extent.width * extent.height <= kMaxPicturePixels;
+}
+
+/// Whether the file's header lets it be read; decoding may take gigabytes before it fails.
+bool MayBeDecoded(wxString const &path) {
+  wxFileInputStream file(path);
+  if (!file.IsOk()) return false;
+  std::optional<PictureExtent> const extent = ExtentInHeader(file);
+  return !extent || IsPaintable(*extent);
+}
+
 }  // namespace
 
 wxImage ReadPictureFile(wxString const &path) {
@@ -30,11 +46,10 @@ wxImage ReadPictureFile(wxString const &path) {
   if (path.empty() || !wxFileName::FileExists(path)) return wxNullImage;
   wxLogNull const quiet;
   WithoutAsserts const undisturbed;
+  if (!MayBeDecoded(path)) return wxNullImage;
   wxImage image;
   if (!image.LoadFile(path, wxBITMAP_TYPE_ANY, -1)) return wxNullImage;
-  long long const pixels = static_cast<long long>(image.GetWidth()) * image.GetHeight();
-  bool const isPaintable = std::max(image.GetWidth(), image.GetHeight()) <= kMaxPictureSide;
-  return isPaintable && pixels <= kMaxPicturePixels ? image : wxNullImage;
+  return IsPaintable({image.GetWidth(), image.GetHeight()}) ? image : wxNullImage;
 }
 
 }  // namespace framenote
