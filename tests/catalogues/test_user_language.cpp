@@ -28,6 +28,20 @@ TEST_F(UserLanguage, IsThatOfTheVariable) {
   }
 }
 
+TEST_F(UserLanguage, ListGoesBeforeTheLocaleAndItsFirstCatalogueIsTaken) {
+  WithVariable const locale("LC_ALL", "de_DE.UTF-8");
+  struct Case {
+    char const *list;
+    char const *language;
+  };
+  for (Case const &c : {Case{"ar", "ar"}, Case{"sv:fr_CA:it", "fr"}, Case{"es_MX.UTF-8", "es"},
+                        Case{"zh", "zh_CN"}, Case{"zh_TW", "de"}, Case{"sv", "de"},
+                        Case{"en_GB:fr", "en"}, Case{"", "de"}, Case{":it", "it"}}) {
+    WithVariable const list("LANGUAGE", c.list);
+    EXPECT_EQ(UseUserLanguage(), c.language) << c.list;
+  }
+}
+
 TEST_F(UserLanguage, IsThatOfALocaleThatIsNotOnTheMachine) {
   WithVariable const language("LANGUAGE", nullptr);
   WithVariable const locale("LC_ALL", "it_IT.UTF-8");
