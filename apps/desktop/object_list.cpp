@@ -25,7 +25,7 @@ namespace {
 
 constexpr int kSwatch = 12;  ///< device-independent pixels
 // Widths in characters, heights in lines.
-constexpr int kNameWidth = 22;
+constexpr int kNameWidth = 14;  // longer names would push the heading of the frames out of view
 constexpr int kKindWidth = 10;
 constexpr int kFramesWidth = 13;
 constexpr int kHeight = 8;
