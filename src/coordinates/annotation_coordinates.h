@@ -87,6 +87,8 @@ public:
   wxJSONValue &JsonVal() { return m_jsonVal; }
   /// Makes the store `size` frames long; new ones are empty. A negative size acts as 0.
   void ResizeCoordsVec(std::int64_t size);
+  /// Makes the store `count` frames long if it is shorter.
+  void GrowCoordsVec(std::int64_t count) { ResizeCoordsVec(std::max(count, size())); }
   /// Moves every record once, however many frames share it. The fragments of the records stay as
   /// they are: only records marked by an edit are written again.
   void MoveAllCoordsFor(wxPoint2DInt const &delta);

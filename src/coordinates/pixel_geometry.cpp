@@ -77,6 +77,11 @@ int TruncateToInt(double value) {
   return Saturated(std::trunc(value));
 }
 
+wxPoint2DDouble MakeFinite(wxPoint2DDouble const &point) {
+  auto const finite = [](double value) { return std::isfinite(value) ? value : Saturated(value); };
+  return wxPoint2DDouble(finite(point.m_x), finite(point.m_y));
+}
+
 wxPoint2DInt ClampToPixels(wxPoint2DInt const &point) {
   return wxPoint2DInt(Clamped(point.m_x), Clamped(point.m_y));
 }

@@ -27,6 +27,10 @@ FRAMENOTE_API std::vector<wxPoint> RoundToPixels(std::vector<wxPoint2DDouble> co
 /// Truncates toward zero, saturating like RoundToPixel.
 FRAMENOTE_API int TruncateToInt(double value);
 
+/// The point, but a coordinate that is not finite becomes the pixel that it converts to: a text has
+/// no form for it.
+FRAMENOTE_API wxPoint2DDouble MakeFinite(wxPoint2DDouble const &point);
+
 /// The point with both coordinates brought within `kMaxPixel`.
 FRAMENOTE_API wxPoint2DInt ClampToPixels(wxPoint2DInt const &point);
 ///@{

@@ -299,5 +299,5 @@ void AnnImage::setJSONValBothCoordinates() {
 
 void AnnImage::OnVideoLengthIncreased(std::int64_t length) {
   AnnShape::OnVideoLengthIncreased(length);
-  m_imageCoordinates.ResizeCoordsVec(length);
+  m_imageCoordinates.GrowCoordsVec(length);
 }

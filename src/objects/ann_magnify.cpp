@@ -194,7 +194,8 @@ void AnnMagnify::moveCentre(wxPoint2DInt const &delta) {
     if (wasAtDefaultPosition && record) {
       centre = (record->m_topLeft + record->m_bottomRight) * 0.5;
     }
-    centre += wxPoint2DDouble(delta);
+    // The middle of far corners overflows.
+    centre = framenote::MakeFinite(centre + wxPoint2DDouble(delta));
     m_centerCoordinates.SetCoordinatesNotUpdatedInJson();
   }
   UpdateSubImageAndSubBitmap(false);

@@ -36,7 +36,7 @@ AnnShape::AnnShape(std::shared_ptr<AnnShapeToolMode> const &mode, wxRect const &
     : RecordedObject(mode, frame, [&](std::int64_t frameCount, AnnShapeProperties const &) {
         return AnnShapeCoordinates(frameCount, frame, rect);
       }) {
-  deriveCurrentRecord([this](AnnShapePoints &record) { deriveAfterEdit(record); });
+  deriveCurrentRecord([this](AnnShapePoints &record) { settleAfterEdit(record); });
   initJSONValOfNewObject();
 }
 

@@ -154,8 +154,9 @@ private:
                   bool keepAspectRatio) const;
   void dragSide(AnnShapePoints &record, SideRule const &rule, wxPoint2DDouble const &position,
                 bool keepAspectRatio) const;
-  /// The points that follow from the corners, after an edit of the current record.
-  void deriveAfterEdit(AnnShapePoints &record) const;
+  /// Makes the corners finite and derives the points that follow from them, after an edit of the
+  /// current record.
+  void settleAfterEdit(AnnShapePoints &record) const;
   bool isHollow(AnnShapePoints const &record) const;
   bool rectangleContains(AnnShapePoints const &record, wxPoint const &point) const;
   bool ellipseContains(AnnShapePoints const &record, wxPoint const &point) const;

@@ -74,7 +74,12 @@ void AnnShape::CalculateInnerCoordinates(int thickness, AnnShapePoints &record,
   framenote::CalculateInnerCoordinates(thickness, record, reflected);
 }
 
-void AnnShape::deriveAfterEdit(AnnShapePoints &record) const {
+void AnnShape::settleAfterEdit(AnnShapePoints &record) const {
+  // Corners as far out as a document may have them overflow in sums and lengths.
+  for (auto const corner : {&AnnShapePoints::m_topLeft, &AnnShapePoints::m_topRight,
+                            &AnnShapePoints::m_bottomRight, &AnnShapePoints::m_bottomLeft}) {
+    record.*corner = framenote::MakeFinite(record.*corner);
+  }
   FindResizePoints(record);
   FindRotationPoint(record, false);
   CalculateInnerCoordinates(m_properties.GetThickness(), record, false);

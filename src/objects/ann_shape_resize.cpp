@@ -119,7 +119,7 @@ void AnnShape::ResizeTo(wxPoint2DInt const &position, bool keepAspectRatio) {
     } else if (auto const *side = SideRule::ForHandle(m_activeHandle)) {
       dragSide(record, *side, pointer, keepAspectRatio);
     }
-    deriveAfterEdit(record);
+    settleAfterEdit(record);
     m_coordinates.SetCoordinatesNotUpdatedInJson();
   }
   m_containingRectValid = false;
@@ -178,7 +178,7 @@ void AnnShape::dragSide(AnnShapePoints &record, SideRule const &rule,
 void AnnShape::changeCorners(std::function<void(AnnShapePoints &)> const &change) {
   deriveCurrentRecord([&](AnnShapePoints &record) {
     change(record);
-    deriveAfterEdit(record);
+    settleAfterEdit(record);
     m_coordinates.SetCoordinatesNotUpdatedInJson();
   });
   m_containingRectValid = false;
@@ -198,7 +198,7 @@ void AnnShape::Rotate(wxPoint const &position) {
     record.m_bottomLeft = m_rememberedBottomLeft - (record.m_topRight - m_rememberedTopRight);
     record.m_topLeft = turned(m_rememberedTopLeft);
     record.m_bottomRight = m_rememberedBottomRight - (record.m_topLeft - m_rememberedTopLeft);
-    deriveAfterEdit(record);
+    settleAfterEdit(record);
   });
   onCornersDragged(false);
 }

@@ -79,7 +79,7 @@ public:
   virtual void Paste() const = 0;
   /// Brings "Coordinates" of the mirror up to date; called after each completed edit.
   virtual void OnObjectModified();
-  /// Grows the store to `length` frames.
+  /// Grows the store to `length` frames; a longer one stays as it is.
   virtual void OnVideoLengthIncreased(std::int64_t length) = 0;
   /// The mirror: what a document stores of the object.
   virtual wxJSONValue const &ToJSON() const;

@@ -155,7 +155,9 @@ void RecordedObject<Kind, Mode, Properties, Store>::OnObjectModified() {
 
 template <class Kind, class Mode, class Properties, class Store>
 void RecordedObject<Kind, Mode, Properties, Store>::OnVideoLengthIncreased(std::int64_t length) {
-  m_coordinates.ResizeCoordsVec(length);
+  // The store may be longer already: the count can have fallen before, and a document can reach
+  // past the media.
+  m_coordinates.GrowCoordsVec(length);
 }
 
 template <class Kind, class Mode, class Properties, class Store>

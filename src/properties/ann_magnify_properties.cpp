@@ -1,7 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "properties/ann_magnify_properties.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "properties/property_json.h"
+
+namespace {
+
+/// A text has no form for what is not finite; what stands for it acts as it does.
+double WithTextForm(double zoom) {
+  using Limits = std::numeric_limits<double>;
+  return std::isnan(zoom) ? 0.0 : std::clamp(zoom, Limits::lowest(), Limits::max());
+}
+
+}  // namespace
 
 AnnMagnifyProperties::AnnMagnifyProperties() {
   initJSONVal();
@@ -73,7 +87,7 @@ void AnnMagnifyProperties::SetThickness(int value) {
 }
 
 void AnnMagnifyProperties::setJSONValZoom() {
-  m_jsonVal.Set(zoomKey, m_zoom);
+  m_jsonVal.Set(zoomKey, WithTextForm(m_zoom));
 }
 
 void AnnMagnifyProperties::setJSONFixedSourceSize() {

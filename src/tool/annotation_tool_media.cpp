@@ -158,6 +158,8 @@ void AnnotationTool::growSelectedRangeTo(std::int64_t frame) {
 void AnnotationTool::onVideoLengthIncreased(std::int64_t count) {
   m_mediaInfo.frameCount = count;
   for (IAnnotationObject *object : m_objects) object->OnVideoLengthIncreased(count);
+  // It may be pasted in any frame.
+  if (m_copiedObject) m_copiedObject->OnVideoLengthIncreased(count);
 }
 
 void AnnotationTool::SetSelectedsAnnotationStart(std::int64_t frame) {

@@ -166,6 +166,15 @@ TEST(CoordinateStoreReading, CurrentRecordSurvivesGrowth) {
   EXPECT_EQ(store.Coords().m_topLeft, wxPoint2DDouble(10.0, 20.0));
 }
 
+TEST(CoordinateStoreReading, GrowingNeverShortens) {
+  AnnShapeCoordinates store = TenFrames();
+  store.GrowCoordsVec(4);
+  EXPECT_EQ(store.CoordsVec().size(), 20U);
+  EXPECT_FALSE(store.AreCoordinatesEmpty(9));
+  store.GrowCoordsVec(22);
+  EXPECT_EQ(store.CoordsVec().size(), 22U);
+}
+
 TEST(CoordinateStoreDuplicate, SharesTheRecordOfTheFrameBefore) {
   AnnShapeCoordinates store = TenFrames();
   store.DuplicateLastCoordinates(10);

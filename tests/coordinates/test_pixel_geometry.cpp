@@ -152,6 +152,12 @@ TEST(TriangleContains, CountsTheEdgeAsInside) {
   EXPECT_FALSE(TriangleContains({1, 0}, {0, 0}, {5, 0}, {10, 0}));
 }
 
+TEST(MakeFinite, LeavesFiniteCoordinatesAlone) {
+  EXPECT_EQ(MakeFinite({-1e308, 0.25}), wxPoint2DDouble(-1e308, 0.25));
+  EXPECT_EQ(MakeFinite({kInfinity, -kInfinity}), wxPoint2DDouble(268435456.0, -268435456.0));
+  EXPECT_EQ(MakeFinite({kNaN, 7.5}), wxPoint2DDouble(0.0, 7.5));
+}
+
 TEST(UsableValues, ScaleIsPositiveAndFinite) {
   EXPECT_EQ(UsableScale(0.25), 0.25);
   EXPECT_EQ(UsableScale(0.0), 1.0);

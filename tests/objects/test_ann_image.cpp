@@ -477,6 +477,21 @@ TEST_F(AnnImageInAVideo, LongerVideoHasRoomForTheMirroredPicture) {
   EXPECT_TRUE(runs.ItemAt(0).ItemAt("Mirrored").AsBool());
 }
 
+TEST_F(AnnImageInAVideo, CountBelowTheLastFrameLeavesThePictureAndItsFlag) {
+  Look().SetKeepAspectRatio(false);
+  AnnImage image = Picture({60, 30}, {100, 70}, 9);
+  GoTo(image, 9);
+  DragHandle(image, {114, 50}, {20, 50});
+  image.OnVideoLengthIncreased(5);
+  EXPECT_FALSE(image.AreCoordinatesEmpty(9));
+  image.SetStartFrame(8);
+  image.OnObjectModified();
+  wxJSONValue const runs = image.ToJSON().ItemAt("Rectangle").ItemAt("Coordinates");
+  ASSERT_EQ(runs.Size(), 1);
+  EXPECT_EQ(JsonToUtf8(runs.ItemAt(0).ItemAt("Range")), "[8,9]");
+  EXPECT_TRUE(runs.ItemAt(0).ItemAt("Mirrored").AsBool());
+}
+
 // Two thirds of 160 are the height, which its own corners miss by a rounding error.
 TEST_F(AnnImageTest, RestoredPictureThatKeepsItsProportionsIsWrittenAsItWasRead) {
   Look().SetFileName(wxFileName(m_files.Save("thirds.png", wxImage(30, 20))));

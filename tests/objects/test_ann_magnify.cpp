@@ -375,6 +375,24 @@ TEST_F(AnnMagnifyInAVideo, FirstDragOfACentreStartsFromTheLens) {
   EXPECT_TRUE(restored.IsAtCenterPoint({70, 60}));
 }
 
+TEST_F(AnnMagnifyInAVideo, CentreOfFarCornersIsTheLastPixel) {
+  AnnMagnify lens = Restored(JsonFromUtf8(R"({"CoordinatesCenterPoint":[],
+      "Rectangle":{"StartFrame":0,"EndFrame":1,"Coordinates":[
+      {"Range":[0,0],"TopLeft":[40,40],"TopRight":[80,40],"BottomRight":[80,80],
+       "BottomLeft":[40,80]},
+      {"Range":[1,1],"TopLeft":[1e308,1e308],"TopRight":[1.5e308,1e308],
+       "BottomRight":[1.5e308,1.5e308],"BottomLeft":[1e308,1.5e308]}]}})"));
+  GoTo(lens, 0);
+  ASSERT_TRUE(lens.IsAtCenterPoint({60, 60}));
+  // The drag goes on in the next frame.
+  GoTo(lens, 1);
+  lens.MoveFor({1, 1});
+  lens.OnObjectModified();
+  wxJSONValue const runs = lens.ToJSON().ItemAt("CoordinatesCenterPoint");
+  ASSERT_EQ(runs.Size(), 1);
+  EXPECT_EQ(JsonToUtf8(runs.ItemAt(0).ItemAt("CenterPoint")), "[268435456.0,268435456.0]");
+}
+
 TEST_F(AnnMagnifyInAVideo, ResettingDropsTheCentresOfAllFrames) {
   AnnMagnify lens = Lens({40, 40}, {80, 80});
   lens.SetEndFrame(9);

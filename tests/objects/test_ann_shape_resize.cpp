@@ -131,6 +131,39 @@ TEST_F(AnnShapeHandles, ResizeOfATurnedShapeWorksInItsOwnAxes) {
   EXPECT_TRUE(At(record.m_bottomLeft, 15, -25));
 }
 
+TEST_F(AnnShapeHandles, TurnOfFarCornersEndsAtTheLastPixel) {
+  AnnShape shape(Modes().shape, JsonFromUtf8(R"({"Coordinates":[{"Range":[0,0],
+      "TopLeft":[-1e308,0],"TopRight":[1e308,0],"BottomRight":[1e308,20],
+      "BottomLeft":[-1e308,20]}]})"));
+  GoTo(shape, 0);
+  shape.PrepareResizing();
+  // An eighth of a turn around (0, 10); the squares of the lengths are infinite.
+  shape.Rotate({50, -40});
+  AnnShapePoints const &record = RecordOf(shape);
+  EXPECT_EQ(record.m_topLeft, wxPoint2DDouble(-268435456, -268435456));
+  EXPECT_EQ(record.m_topRight, wxPoint2DDouble(268435456, 268435456));
+  EXPECT_EQ(record.m_bottomRight, wxPoint2DDouble(268435456, 268435456));
+  EXPECT_EQ(record.m_bottomLeft, wxPoint2DDouble(-268435456, -268435456));
+  shape.OnObjectModified();
+  EXPECT_TRUE(JsonFromUtf8(JsonToUtf8(shape.ToJSON())).IsSameAs(shape.ToJSON()));
+}
+
+// The height is infinite to the toolkit, and ten along it are no number.
+TEST_F(AnnShapeHandles, ResizeOfAFarCornerHasATextForm) {
+  AnnShape shape(Modes().shape, JsonFromUtf8(R"({"Coordinates":[{"Range":[0,0],
+      "TopLeft":[4,4],"TopRight":[40,4],"BottomRight":[40,28],"BottomLeft":[-1e308,28]}]})"));
+  GoTo(shape, 0);
+  Grab(shape, {4, 4});
+  shape.ResizeTo({14, 14}, false);
+  AnnShapePoints const &record = RecordOf(shape);
+  EXPECT_EQ(record.m_topLeft, wxPoint2DDouble(0, 4));
+  EXPECT_EQ(record.m_topRight, wxPoint2DDouble(0, 4));
+  EXPECT_EQ(record.m_bottomRight, wxPoint2DDouble(40, 28));
+  EXPECT_EQ(record.m_bottomLeft, wxPoint2DDouble(-1e308, 28));
+  shape.OnObjectModified();
+  EXPECT_TRUE(JsonFromUtf8(JsonToUtf8(shape.ToJSON())).IsSameAs(shape.ToJSON()));
+}
+
 TEST_F(AnnShapeHandles, CornerPastOneSideReflectsForTheTimeOfTheDrag) {
   AnnShape shape = Shape(0, 0, 100, 50);
   Grab(shape, {0, 0});

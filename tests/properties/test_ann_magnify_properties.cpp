@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "properties/ann_magnify_properties.h"
 
+#include <limits>
+
 #include <gtest/gtest.h>
 
 #include "properties/property_support.h"
@@ -61,6 +63,23 @@ TEST(AnnMagnifyProperties, TheBorderColourKeepsItsAlphaOverALoad) {
   auto const record = From<AnnMagnifyProperties>(R"({"BorderColor":"#0A141E80"})");
   EXPECT_EQ(Hex(record.GetBorderColor()), "#0A141E80");
   EXPECT_FALSE(record.ToJSON().HasMember("BorderColorTransparent"));
+}
+
+TEST(AnnMagnifyProperties, ZoomThatIsNotFiniteIsWrittenAsANumber) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  auto const written = [](double zoom) {
+    AnnMagnifyProperties record;
+    record.SetZoom(zoom);
+    EXPECT_TRUE(
+        From<AnnMagnifyProperties>(TextOf(record).c_str()).ToJSON().IsSameAs(record.ToJSON()));
+    return record.ToJSON().ItemAt("Zoom").AsDouble();
+  };
+  EXPECT_EQ(written(kInfinity), 1.7976931348623157e308);
+  EXPECT_EQ(written(-kInfinity), -1.7976931348623157e308);
+  EXPECT_EQ(written(std::numeric_limits<double>::quiet_NaN()), 0.0);
+  AnnMagnifyProperties record;
+  record.SetZoom(kInfinity);
+  EXPECT_EQ(record.GetZoom(), kInfinity);
 }
 
 TEST(AnnMagnifyProperties, AnIntegerZoomLoadsAndIsWrittenAsADouble) {

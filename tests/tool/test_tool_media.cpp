@@ -57,6 +57,28 @@ TEST(ToolPosition, GrowingCountReachesTheObjectsAndAShrinkingOneDoesNot) {
   EXPECT_EQ(driver.Tool().GetMediaInfo().frameCount, 5);
 }
 
+TEST(ToolPosition, CountThatFellAndGrowsAgainCostsNoFrame) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.Tool().SetSelectedsAnnotationEnd(9);
+  driver.Tool().UpdateMediaInfo({0, 2, false});
+  driver.Tool().UpdateMediaInfo({0, 4, false});
+  driver.Selected()->MoveFor({10, 0});
+  driver.Selected()->OnObjectModified();
+  EXPECT_EQ(RangesOf(driver.Selected()->ToJSON().ItemAt("Coordinates")), "[0,9]");
+}
+
+TEST(ToolPosition, DocumentThatReachesPastTheMediaKeepsItsFramesWhenTheMediaGrows) {
+  ToolDriver driver(10);
+  driver.Tool().FromJSON(JsonFromUtf8(R"({"Annotate":{"Objects":[{"Id":2,"StartFrame":0,
+      "EndFrame":40,"Coordinates":[{"Range":[0,40],"TopLeft":[20,20],"TopRight":[120,20],
+      "BottomRight":[120,80],"BottomLeft":[20,80]}]}]}})"),
+                         10);
+  ASSERT_EQ(driver.ObjectCount(), 1U);
+  driver.Tool().UpdateMediaInfo({0, 20, false});
+  EXPECT_FALSE(driver.Object()->AreCoordinatesEmpty(40));
+}
+
 TEST(ToolPosition, SelectedRangeFollowsThePositionBothWays) {
   ToolDriver driver(10);
   driver.GoToFrame(5);

@@ -17,6 +17,7 @@
 #include "objects/ann_text.h"
 #include "support/test_pictures.h"
 #include "support/tool_driver.h"
+#include "talbase/json_text.h"
 #include "tool/context_menu.h"
 
 namespace framenote::test {
@@ -172,6 +173,19 @@ TEST_F(ToolMenu, CopyFromAnotherFrameAppearsInTheCurrentOneAsItWas) {
   Tool().Deactivate();
   Run(AnnotationCommand::Paste);
   EXPECT_EQ(m_driver.Object()->GetFrameDuration(), (std::pair<std::int64_t, std::int64_t>(5, 8)));
+}
+
+TEST_F(ToolMenu, CopyReachesFramesThatTheMediaGotLater) {
+  Select(80);
+  Run(AnnotationCommand::Copy);
+  Tool().Deactivate();
+  Tool().UpdateMediaInfo({30, 40, false});
+  m_driver.Move(150, 100);
+  Run(AnnotationCommand::Paste);
+  EXPECT_EQ(LeftOf(m_driver.Object()), 150);
+  wxJSONValue const runs = m_driver.Object()->ToJSON().ItemAt("Coordinates");
+  ASSERT_EQ(runs.Size(), 1);
+  EXPECT_EQ(JsonToUtf8(runs.ItemAt(0).ItemAt("Range")), "[0,30]");
 }
 
 TEST_F(ToolMenu, DeletingLeavesTheOthersAndTellsTheHost) {
