@@ -7,6 +7,7 @@
 #include <windows.h>
 #else
 #include <csignal>
+#include <initializer_list>
 #endif
 
 namespace {

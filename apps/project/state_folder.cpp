@@ -27,7 +27,7 @@ std::string StateFolder() {
   constexpr char const *kBelowHome = "/Library/Application Support";
 #else
   constexpr char const *kBelowHome = "/.local/state";
-  std::string const state = AbsolutePathIn("XDG_STATE_HOME");
+  std::string state = AbsolutePathIn("XDG_STATE_HOME");
   if (!state.empty()) return state;
 #endif
   std::string const home = AbsolutePathIn("HOME");
