@@ -14,9 +14,25 @@ function(framenote_configure_target target)
     CXX_EXTENSIONS OFF
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
+  if(MSVC)
+    # What the compiler reads is UTF-8, as what it writes.
+    target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${FRAMENOTE_WERROR}>:/WX>)
+    return()
+  endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
   if(FRAMENOTE_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
+  endif()
+endfunction()
+
+# What a program carries on Windows; nothing elsewhere.
+function(framenote_add_windows_resources target)
+  if(NOT WIN32)
+    return()
+  endif()
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/apps/windows/program.rc)
+  if(MSVC)
+    target_link_options(${target} PRIVATE /MANIFEST:NO)  # the resources have one
   endif()
 endfunction()
 
@@ -29,5 +45,6 @@ function(framenote_add_program target folder)
   endif()
   add_executable(${target} ${sources})
   framenote_configure_target(${target})
+  framenote_add_windows_resources(${target})
   target_link_libraries(${target} PRIVATE framenote::framenote)
 endfunction()

@@ -6,7 +6,10 @@ include(CMakePackageConfigHelpers)
 set(framenote_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/framenote)
 
 install(TARGETS framenote EXPORT framenoteTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev)
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
+  # On Windows the library lies with the programs, and what is linked to stands for it.
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
 if(FRAMENOTE_BUILD_CATALOGUES)
   install(DIRECTORY ${FRAMENOTE_CATALOGUE_DIR}/
     DESTINATION ${CMAKE_INSTALL_LOCALEDIR} COMPONENT common FILES_MATCHING PATTERN "*.mo")
@@ -32,15 +35,18 @@ install(FILES
 if(FRAMENOTE_BUILD_PROGRAMS)
   set_target_properties(framenote-burn PROPERTIES EXPORT_NAME burn)
   set_target_properties(framenote_program PROPERTIES EXPORT_NAME desktop)
+  set(program_folder $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>)
   foreach(program framenote-burn framenote_program)
     set_target_properties(${program} PROPERTIES
-      INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+      INSTALL_RPATH "${program_folder}/../${CMAKE_INSTALL_LIBDIR}")
     install(TARGETS ${program} EXPORT framenotePrograms
       RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
   endforeach()
   install(EXPORT framenotePrograms NAMESPACE framenote::
     DESTINATION ${framenote_package_dir} COMPONENT programs)
-  include(DesktopFiles)
+  if(UNIX AND NOT APPLE)
+    include(DesktopFiles)
+  endif()
 endif()
 
 # For pkg-config, from whose file the prefix is found: the tree may be moved. wxWidgets comes

@@ -10,11 +10,13 @@
 
 namespace {
 
+#ifdef __WXGTK__
+
 constexpr double kPoints = 10.0;
 
-/// Memory DCs start with the stock normal font, which asks the desktop's style and so needs a
-/// display. Putting a font there first is the one thing that drawing without a display takes; the
-/// member is the toolkit's own and not documented.
+/// With GTK, memory DCs start with the stock normal font, which asks the desktop's style and so
+/// needs a display. Putting a font there first is the one thing that drawing without a display
+/// takes; the member is the toolkit's own and not documented.
 class StockFontSeed : public wxStockGDI {
 public:
   static void Plant() {
@@ -24,13 +26,24 @@ public:
   }
 };
 
+void SeedStockFont() {
+  StockFontSeed::Plant();
+}
+
+#else
+
+// Windows and macOS have a screen whenever a program runs, and take the font from the system.
+void SeedStockFont() {}
+
+#endif
+
 }  // namespace
 
 DisplaylessSession::DisplaylessSession() : m_isOk(wxInitialize()) {
   if (!m_isOk) return;
   wxDisableAsserts();
   wxLog::EnableLogging(false);
-  StockFontSeed::Plant();
+  SeedStockFont();
   // The JPEG decoder prints its warnings itself, past the log.
   wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
   wxInitAllImageHandlers();

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // framenote-burn: a document and its media in, the media with the annotations burnt in out.
 #include <algorithm>
-#include <atomic>
-#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -10,17 +8,16 @@
 #include <string>
 #include <vector>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 #include <wx/translation.h>
 
 #include "burn/burn.h"
 #include "burn/burn_options.h"
 #include "burn/burn_usage.h"
 #include "burn/displayless.h"
+#include "burn/freed_memory.h"
 #include "burn/progress_output.h"
+#include "burn/stop_signals.h"
+#include "burn/terminal.h"
 #include "media/media_error.h"
 #include "media/media_error_text.h"
 #include "media/message.h"
@@ -37,37 +34,6 @@ enum ExitCode {
   kOutputError = 3,
   kInterrupted = 130  // as shells count a program that ended by SIGINT
 };
-
-std::atomic<bool> isInterrupted{false};
-static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
-
-/// A first signal lets the burn clean up after itself.
-void StopOnSignals() {
-  struct sigaction action {};
-  action.sa_handler = [](int) { isInterrupted = true; };
-  action.sa_flags = SA_RESTART;
-  for (int const signal : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction former {};
-    sigaction(signal, nullptr, &former);
-    // What the caller had ignored, as nohup does, stays so.
-    if (former.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
-  }
-  // A file beyond the size limit, or a reader of our output that has gone, is then a failed write,
-  // which is reported and cleaned up after.
-  std::signal(SIGXFSZ, SIG_IGN);
-  std::signal(SIGPIPE, SIG_IGN);
-}
-
-/// Each frame takes pictures of some megabytes and gives them back. The C library would return them
-/// to the system each time, which then clears them anew: 30 ms a frame of 1920 x 1080, measured.
-void KeepFreedMemory() {
-#ifdef __GLIBC__
-  constexpr int kLargestInHeap = 32 << 20;  // the most that is taken
-  constexpr int kMostKept = 256 << 20;
-  mallopt(M_MMAP_THRESHOLD, kLargestInHeap);
-  mallopt(M_TRIM_THRESHOLD, kMostKept);
-#endif
-}
 
 /// Exactly one line, whatever the names in the message hold.
 void PrintLine(std::string message) {
@@ -123,7 +89,7 @@ int Run(BurnOptions const &options) {
   ProgressOutput output(options.progress);
   auto const show = [&output](BurnProgress const &progress) {
     output.Show(progress);
-    return !isInterrupted;
+    return !IsStopAskedFor();
   };
   try {
     BurnResult const result = Burn(options, show);
@@ -146,7 +112,8 @@ int Run(BurnOptions const &options) {
 }  // namespace
 
 int main(int argc, char **argv) {
-  StopOnSignals();
+  NoteStopSignals();
+  PrepareTerminal();
   DisplaylessSession const session;
   if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
   UseUserLanguage();

@@ -4,10 +4,9 @@
 #include <cstdio>
 #include <string>
 
-#include <unistd.h>
-
 #include <wx/translation.h>
 
+#include "burn/terminal.h"
 #include "media/message.h"
 #include "project/path_text.h"
 #include "talbase/json_text.h"
@@ -30,7 +29,7 @@ void PrintLine(wxJSONValue const &value) {
 
 ProgressOutput::ProgressOutput(Form form) : m_form(form) {
   // Without a terminal the line would only fill a log.
-  if (m_form == Form::Line && isatty(STDERR_FILENO) == 0) m_form = Form::None;
+  if (m_form == Form::Line && !IsErrorOutputTerminal()) m_form = Form::None;
 }
 
 ProgressOutput::~ProgressOutput() {

@@ -22,6 +22,7 @@
 #include "desktop/dialog_parts.h"
 #include "media/media_source.h"
 #include "panel/accessible_name.h"
+#include "project/path_text.h"
 #include "project/time_code.h"
 
 namespace {

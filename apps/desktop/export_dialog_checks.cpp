@@ -12,6 +12,7 @@
 
 #include "desktop/export_dialog.h"
 #include "media/media_source.h"
+#include "project/path_text.h"
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <wx/filename.h>
 #include <wx/intl.h>
 #include <wx/regex.h>
-#include <wx/strconv.h>
 
 #include "project/path_text.h"
 
@@ -111,14 +110,4 @@ wxString ReportNameOf(wxString const &path) {
   file.SetName(WithoutNumberPlace(file.GetName()) + "-report");
   file.SetExt("json");
   return file.GetFullPath();
-}
-
-std::string BytesOfPath(wxString const &path) {
-  wxScopedCharBuffer const bytes = path.mb_str(*wxConvFileName);
-  return bytes.data() == nullptr ? path.utf8_string() : std::string(bytes.data(), bytes.length());
-}
-
-wxString ShownPath(std::string const &path) {
-  wxString const shown(path.c_str(), *wxConvFileName);
-  return shown.empty() ? TextOfPath(path) : shown;
 }

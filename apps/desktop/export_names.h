@@ -35,8 +35,3 @@ wxString NameForFormat(wxString const &path, BurnOutput output, ExportFormat con
 int FormatOfName(wxString const &path, BurnOutput output, int preferred);
 /// The file for the report on an export to `path`, beside it.
 wxString ReportNameOf(wxString const &path);
-
-/// Paths as the system has them and as controls show them. The one becomes the other and the same
-/// again.
-std::string BytesOfPath(wxString const &path);
-wxString ShownPath(std::string const &path);

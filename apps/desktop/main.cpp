@@ -15,6 +15,7 @@
 #include "desktop/app_icon.h"
 #include "desktop/main_frame.h"
 #include "desktop/toolkit_direction.h"
+#include "project/path_text.h"
 #include "project/recovery_store.h"
 #include "project/user_language.h"
 #include "talbase/layout_direction.h"
@@ -67,8 +68,8 @@ public:
       return false;
     }
     wxString document;
-    if (parser.Found("document", &document)) m_document = std::string(document.fn_str());
-    if (parser.GetParamCount() > 0) m_path = std::string(parser.GetParam(0).fn_str());
+    if (parser.Found("document", &document)) m_document = BytesOfPath(document);
+    if (parser.GetParamCount() > 0) m_path = BytesOfPath(parser.GetParam(0));
     return wxApp::OnCmdLineParsed(parser);
   }
 

@@ -18,6 +18,7 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "objects/ann_shape.h"
+#include "objects/shape_geometry.h"
 #include "project/failure_text.h"
 #include "project/path_text.h"
 #include "project/text_macros.h"
@@ -45,7 +46,7 @@ public:
   explicit FileDrop(MainFrame &frame) : m_frame(frame) {}
   bool OnDropFiles(wxCoord, wxCoord, wxArrayString const &names) override {
     if (names.empty()) return false;
-    std::string const path(names.front().fn_str());
+    std::string const path = BytesOfPath(names.front());
     // After the drop has ended: opening may ask.
     m_frame.CallAfter([this, path] { m_frame.OpenPath(path); });
     return true;
@@ -295,7 +296,7 @@ void MainFrame::showSelection() {
   wxString text;
   if (auto const *const shape = dynamic_cast<AnnShape const *>(selected)) {
     wxRect const rect = shape->GetContainingRect(m_session->Frame());
-    constexpr double kDegrees = 180.0 / M_PI;
+    constexpr double kDegrees = 180.0 / framenote::kPi;
     // TRANSLATORS: width, height and rotation of the selected object.
     text = wxString::Format(_("%d x %d, turned by %.1f degrees"), rect.width, rect.height,
                             shape->GetRotationAngle() * kDegrees);

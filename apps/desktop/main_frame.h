@@ -10,6 +10,7 @@
 #include <wx/aui/framemanager.h>
 #include <wx/filehistory.h>
 #include <wx/frame.h>
+#include <wx/infobar.h>  // a macro on Windows, so not declared here
 #include <wx/timer.h>
 
 #include "desktop/canvas.h"
@@ -24,7 +25,6 @@ class AnnotationPanel;
 class AnnotationTool;
 class ObjectList;
 class TransportBar;
-class wxInfoBar;
 
 /// The window of the desktop host: the picture in the middle, palette and list of objects beside
 /// it, the timeline below. What it does stands in one table of commands, from which menus, keys and

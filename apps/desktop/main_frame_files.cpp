@@ -36,7 +36,7 @@ bool IsProject(std::string const &path) {
 }
 
 std::string CacheFolder() {
-  return std::string(wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Cache).fn_str()) +
+  return BytesOfPath(wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Cache)) +
          "/framenote/index";
 }
 
@@ -83,12 +83,12 @@ void MainFrame::openFile() {
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (dialog.ShowModal() != wxID_OK) return;
   wxConfigBase::Get()->Write(kFolderKey, dialog.GetDirectory());
-  OpenPath(std::string(dialog.GetPath().fn_str()));
+  OpenPath(BytesOfPath(dialog.GetPath()));
 }
 
 void MainFrame::openRecent(wxCommandEvent &event) {
   auto const index = static_cast<std::size_t>(event.GetId() - wxID_FILE1);
-  if (index < m_recent.GetCount()) OpenPath(std::string(m_recent.GetHistoryFile(index).fn_str()));
+  if (index < m_recent.GetCount()) OpenPath(BytesOfPath(m_recent.GetHistoryFile(index)));
 }
 
 void MainFrame::OpenPath(std::string const &path, std::string const &document) {
@@ -154,7 +154,7 @@ std::string MainFrame::askForMedia(MediaLookup const &lookup) {
   wxFileDialog dialog(this, _("Find the Media"), wxString(), wxString(), OpenWildcard(),
                       wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (dialog.ShowModal() != wxID_OK) return {};
-  return std::string(dialog.GetPath().fn_str());
+  return BytesOfPath(dialog.GetPath());
 }
 
 // The sum of a long video is known some time after it was opened.
@@ -193,7 +193,7 @@ bool MainFrame::saveAs() {
                       TextOfPath(suggested.filename().string()),
                       _("Projects") + "|*" + kProjectExtension, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
   if (dialog.ShowModal() != wxID_OK) return false;
-  std::string path(dialog.GetPath().fn_str());
+  std::string path = BytesOfPath(dialog.GetPath());
   if (!IsProject(path)) path += kProjectExtension;
   return saveTo(path);
 }

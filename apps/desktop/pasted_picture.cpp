@@ -17,6 +17,7 @@
 #include "modes/ann_image_tool_mode.h"
 #include "objects/annotation_object.h"
 #include "project/atomic_file.h"
+#include "project/path_text.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ wxImage ClipboardPicture() {
 }
 
 fs::path FolderOfPictures() {
-  return fs::path(std::string(wxStandardPaths::Get().GetUserDataDir().fn_str())) / "pasted";
+  return fs::path(BytesOfPath(wxStandardPaths::Get().GetUserDataDir())) / "pasted";
 }
 
 bool IsFree(AnnotationTool const &tool, wxPoint const &point) {

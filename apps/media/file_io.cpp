@@ -5,9 +5,8 @@
 #include <cstring>
 #include <new>
 
-#include <sys/types.h>
-
 #include "media/media_error.h"
+#include "media/system_file.h"
 
 namespace {
 
@@ -15,12 +14,12 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 
 }  // namespace
 
-FileIo::FileIo(std::string const &path) : m_file(std::fopen(path.c_str(), "rb")) {
+FileIo::FileIo(std::string const &path) : m_file(system_file::OpenToRead(path)) {
   if (!m_file) throw MediaError(MediaProblem::ReadFailed, path, std::strerror(errno));
   // libav has a buffer of its own.
   std::setvbuf(m_file.get(), nullptr, _IONBF, 0);
-  if (fseeko(m_file.get(), 0, SEEK_END) == 0) m_size = ftello(m_file.get());
-  if (m_size < 0 || fseeko(m_file.get(), 0, SEEK_SET) != 0) {
+  if (system_file::Seek(*m_file, 0, SEEK_END)) m_size = system_file::Position(*m_file);
+  if (m_size < 0 || !system_file::Seek(*m_file, 0, SEEK_SET)) {
     throw MediaError(MediaProblem::ReadFailed, path, std::strerror(errno));
   }
   auto *buffer = static_cast<unsigned char *>(av_malloc(kBufferSize));
@@ -51,6 +50,6 @@ std::int64_t FileIo::Seek(void *self, std::int64_t offset, int whence) {
   int const mode = whence & ~AVSEEK_FORCE;
   if (mode == AVSEEK_SIZE) return io->m_size;
   if (mode != SEEK_SET && mode != SEEK_CUR && mode != SEEK_END) return AVERROR(EINVAL);
-  if (fseeko(io->m_file.get(), offset, mode) != 0) return AVERROR(errno);
-  return ftello(io->m_file.get());
+  if (!system_file::Seek(*io->m_file, offset, mode)) return AVERROR(errno);
+  return system_file::Position(*io->m_file);
 }

@@ -2,14 +2,8 @@
 #include "media/output_io.h"
 
 #include <cerrno>
-#include <csignal>
-#include <ctime>
 #include <new>
 #include <system_error>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 extern "C" {
 #include <libavformat/avformat.h>
@@ -17,38 +11,15 @@ extern "C" {
 }
 
 #include "media/media_error.h"
+#include "media/system_file.h"
 
 namespace {
 
 /// Large enough that a frame of video is few system calls.
 constexpr int kBufferBytes = 1 << 18;
 
-/// A file size limit is told by a signal that ends the program unless it is held off. This does so
-/// for the calling thread alone, and takes back the signal that its own write has raised.
-class NoFileSizeSignal {
-public:
-  NoFileSizeSignal() {
-    sigemptyset(&m_signal);
-    sigaddset(&m_signal, SIGXFSZ);
-    sigset_t pending;
-    m_wasPending = sigpending(&pending) == 0 && sigismember(&pending, SIGXFSZ) == 1;
-    pthread_sigmask(SIG_BLOCK, &m_signal, &m_before);
-  }
-  NoFileSizeSignal(NoFileSizeSignal const &) = delete;
-  NoFileSizeSignal &operator=(NoFileSizeSignal const &) = delete;
-  ~NoFileSizeSignal() {
-    int const error = errno;
-    timespec const atOnce{0, 0};
-    if (!m_wasPending) sigtimedwait(&m_signal, nullptr, &atOnce);
-    pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
-    errno = error;
-  }
-
-private:
-  sigset_t m_signal;
-  sigset_t m_before;
-  bool m_wasPending = false;
-};
+/// As far as the process's mask lets them.
+constexpr int kRights = 0666;
 
 /// libav gives the bytes as constant from version 7 on.
 template <typename Byte>
@@ -63,7 +34,8 @@ std::int64_t SeekTo(void *output, std::int64_t offset, int origin) {
 }  // namespace
 
 OutputIo::OutputIo(std::string const &path)
-    : m_path(path), m_file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
+    : m_path(path),
+      m_file(system_file::OpenToWrite(path, system_file::Creation::Emptied, kRights)) {
   if (m_file < 0) Fail();
   ThrowIfFailed();
   auto *const buffer = static_cast<unsigned char *>(av_malloc(kBufferBytes));
@@ -72,13 +44,13 @@ OutputIo::OutputIo(std::string const &path)
   }
   if (m_context) return;
   av_free(buffer);
-  close(m_file);
+  system_file::Close(m_file);
   throw std::bad_alloc();
 }
 
 OutputIo::~OutputIo() {
   FreeContext();
-  if (m_file >= 0) close(m_file);
+  if (m_file >= 0) system_file::Close(m_file);
 }
 
 void OutputIo::FreeContext() {
@@ -96,8 +68,8 @@ void OutputIo::Close() {
   FreeContext();
   // Some systems find out only here that there is no room. What cannot be synchronised, such as a
   // pipe, says EINVAL.
-  if (m_failure == 0 && fsync(m_file) != 0 && errno != EINVAL) Fail();
-  if (close(m_file) != 0) Fail();
+  if (m_failure == 0 && system_file::Sync(m_file) != 0 && errno != EINVAL) Fail();
+  if (system_file::Close(m_file) != 0) Fail();
   m_file = -1;
   ThrowIfFailed();
 }
@@ -110,10 +82,9 @@ int OutputIo::Fail() {
 int OutputIo::Write(std::uint8_t const *bytes, std::size_t count) {
   // After a failure the file has a hole or an end; what comes later must not seem to be written.
   if (m_failure != 0) return AVERROR(m_failure);
-  NoFileSizeSignal const noSignal;
   std::size_t done = 0;
   while (done < count) {
-    ssize_t const written = ::write(m_file, bytes + done, count - done);
+    std::ptrdiff_t const written = system_file::WriteSome(m_file, bytes + done, count - done);
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return Fail();
     done += static_cast<std::size_t>(written);
@@ -123,9 +94,9 @@ int OutputIo::Write(std::uint8_t const *bytes, std::size_t count) {
 
 std::int64_t OutputIo::Seek(std::int64_t offset, int origin) {
   if ((origin & AVSEEK_SIZE) != 0) {
-    struct stat status = {};
-    return fstat(m_file, &status) == 0 ? std::int64_t{status.st_size} : Fail();
+    std::int64_t const size = system_file::Size(m_file);
+    return size >= 0 ? size : Fail();
   }
-  off_t const position = lseek(m_file, offset, origin & ~AVSEEK_FORCE);
-  return position >= 0 ? std::int64_t{position} : Fail();
+  std::int64_t const position = system_file::Move(m_file, offset, origin & ~AVSEEK_FORCE);
+  return position >= 0 ? position : Fail();
 }

@@ -9,11 +9,11 @@
 #include <system_error>
 #include <vector>
 
-#include <sys/stat.h>
-
 #include <openssl/evp.h>
 
+#include "media/file_stamp.h"
 #include "media/media_error.h"
+#include "media/system_file.h"
 
 namespace {
 
@@ -40,13 +40,11 @@ struct OpenedFile {
 };
 
 OpenedFile OpenRegularFile(std::string const &path) {
-  struct stat status = {};
   // Asked before opening: opening a pipe would wait for somebody to write into it.
-  if (stat(path.c_str(), &status) != 0) ThrowSystemError(path, errno);
-  if (!S_ISREG(status.st_mode)) throw MediaError(MediaProblem::NotAFile, path);
-  File file(std::fopen(path.c_str(), "rbe"));
+  FileStamp const stamp = StampOf(path);
+  File file(system_file::OpenToRead(path));
   if (!file) ThrowSystemError(path, errno);
-  return {std::move(file), static_cast<std::uintmax_t>(status.st_size)};
+  return {std::move(file), stamp.size};
 }
 
 }  // namespace

@@ -17,11 +17,12 @@
 
 #ifdef _WIN32
 
-// A file that is open without sharing is locked.
+// A file that is open without sharing is locked. Its owner may remove it while it is.
 FileLock::FileLock(std::string const &path, Use use) {
   DWORD const creation = use == Use::Own ? OPEN_ALWAYS : OPEN_EXISTING;
-  DWORD const sharing = use == Use::Own ? 0 : FILE_SHARE_READ | FILE_SHARE_WRITE;
-  HANDLE const file = CreateFileW(std::filesystem::path(path).c_str(), GENERIC_WRITE, sharing,
+  DWORD const sharing =
+      FILE_SHARE_DELETE | (use == Use::Own ? 0 : FILE_SHARE_READ | FILE_SHARE_WRITE);
+  HANDLE const file = CreateFileW(std::filesystem::u8path(path).c_str(), GENERIC_WRITE, sharing,
                                   nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
   m_isHeld = file != INVALID_HANDLE_VALUE;
   m_file = reinterpret_cast<std::intptr_t>(file);

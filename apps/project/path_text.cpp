@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include <wx/strconv.h>
+
 #include "talbase/json_conversions.h"
 
 namespace {
@@ -14,6 +16,30 @@ bool IsUtf8(std::string const &bytes) {
 }
 
 }  // namespace
+
+#ifdef _WIN32
+
+std::string BytesOfPath(wxString const &path) {
+  return path.utf8_string();
+}
+
+wxString ShownPath(std::string const &path) {
+  return TextOfPath(path);
+}
+
+#else
+
+std::string BytesOfPath(wxString const &path) {
+  wxScopedCharBuffer const bytes = path.mb_str(*wxConvFileName);
+  return bytes.data() == nullptr ? path.utf8_string() : std::string(bytes.data(), bytes.length());
+}
+
+wxString ShownPath(std::string const &path) {
+  wxString const shown(path.c_str(), *wxConvFileName);
+  return shown.empty() ? TextOfPath(path) : shown;
+}
+
+#endif
 
 wxString TextOfPath(std::string const &path) {
   return IsUtf8(path) ? wxString::FromUTF8(path) : wxString::From8BitData(path.c_str());

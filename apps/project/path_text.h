@@ -9,6 +9,11 @@
 
 /// Paths are bytes, and need not be text. These are their forms for people and for JSON.
 
+/// Paths as the system has them (on Windows as UTF-8) and as controls show them. The one becomes
+/// the other and the same again.
+std::string BytesOfPath(wxString const &path);
+wxString ShownPath(std::string const &path);
+
 /// For showing only: bytes that are no UTF-8 appear as Latin-1.
 wxString TextOfPath(std::string const &path);
 

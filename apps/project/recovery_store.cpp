@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +16,7 @@
 #include "project/atomic_file.h"
 #include "project/file_error.h"
 #include "project/path_text.h"
+#include "project/state_folder.h"
 #include "talbase/json_text.h"
 
 namespace {
@@ -85,23 +85,10 @@ std::vector<fs::path> FilesIn(std::string const &folder) {
   return files;
 }
 
-std::string BaseFolder() {
-#ifdef _WIN32
-  char const *const folder = std::getenv("LOCALAPPDATA");
-  return folder != nullptr ? folder : "";
-#else
-  // A relative path counts as none, as the base directory specification asks.
-  char const *const state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && state[0] == '/') return state;
-  char const *const home = std::getenv("HOME");
-  return home != nullptr && home[0] == '/' ? std::string(home) + "/.local/state" : "";
-#endif
-}
-
 }  // namespace
 
 std::string RecoveryFolder() {
-  std::string const base = BaseFolder();
+  std::string const base = StateFolder();
   return base.empty() ? base : (fs::path(base) / "framenote" / "recovery").string();
 }
 

@@ -21,8 +21,7 @@
 /// orphans, and offered to the user. A recovery file is two lines of JSON: names and time, so that
 /// a list is quickly read, and the project.
 
-/// Where they lie: framenote/recovery in the user's folder for the state of programs
-/// ($XDG_STATE_HOME, by default ~/.local/state). Empty if the user has no such folder.
+/// Where they lie: framenote/recovery in StateFolder(). Empty if the user has no such folder.
 std::string RecoveryFolder();
 
 /// The recovery file of this process's session. Used by one thread; it writes on a thread of its

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "project/text_macros.h"
 
+#include <ctime>
 #include <filesystem>
+#include <optional>
 #include <string>
-
-#include <sys/stat.h>
 
 #include <wx/datetime.h>
 #include <wx/translation.h>
 
 #include "media/media_source.h"
+#include "media/system_file.h"
 #include "project/path_text.h"
 #include "project/time_code.h"
 
@@ -23,9 +24,9 @@ constexpr char const *kSize = "%size%";
 
 /// Empty if the file is gone.
 wxString DateOf(std::string const &path) {
-  struct stat info = {};
-  if (stat(path.c_str(), &info) != 0) return {};
-  return wxDateTime(info.st_mtime).ToUTC().FormatISOCombined() + "Z";
+  std::optional<std::time_t> const changed = system_file::ChangedAt(path);
+  if (!changed) return {};
+  return wxDateTime(*changed).ToUTC().FormatISOCombined() + "Z";
 }
 
 wxString SizeOf(MediaInfo const &info) {

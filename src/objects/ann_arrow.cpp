@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "modes/ann_arrow_tool_mode.h"
+#include "modes/ann_shape_tool_mode.h"
 #include "objects/ann_shape.h"
 #include "objects/arrow_geometry.h"
 #include "objects/object_painting.h"

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "project/path_text.h"
+
 namespace {
 
 ExportFormat const &Format(BurnOutput output, std::size_t index) {

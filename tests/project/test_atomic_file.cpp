@@ -187,7 +187,6 @@ TEST_F(AnAtomicFile, LeavesTheFormerFileWhereThereIsNoRoom) {
   std::string const path = In("file");
   pid_t const child = Fork([&path] {
     // A limit on the size of files stands for a full disk: the write is cut short, the next fails.
-    signal(SIGXFSZ, SIG_IGN);
     rlimit const limit = {100000, 100000};
     setrlimit(RLIMIT_FSIZE, &limit);
     std::string const cause = CauseOf([&] { WriteFileAtomically(path, std::string(300000, 'x')); });

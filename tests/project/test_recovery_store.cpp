@@ -309,7 +309,6 @@ TEST_F(Recovery, SaysOnceThatAWriteFailsAndGoesOnWhenItCan) {
 TEST_F(Recovery, KeepsTheFormerStateOnAFullDisk) {
   pid_t const child = fork();
   if (child == 0) {
-    signal(SIGXFSZ, SIG_IGN);
     rlimit const limit = {100000, 100000};
     setrlimit(RLIMIT_FSIZE, &limit);
     Failures failures;
