@@ -36,9 +36,24 @@ constexpr std::int64_t kFrames = 20;
 constexpr std::size_t kObjects = 40;
 constexpr double kMostGrowth = 1.05;
 
+bool IsLongForm() {
+  return std::getenv("FRAMENOTE_ENDURANCE") != nullptr;
+}
+
 /// How much is done: all of it, or the part that fits into the short run of all tests.
 int Steps(int all, int share) {
-  return std::getenv("FRAMENOTE_ENDURANCE") != nullptr ? all : all / share;
+  return IsLongForm() ? all : all / share;
+}
+
+/// A short run ends before the heap has come to rest, and then pages come and go by megabytes:
+/// there what is allocated counts. Measured: up to 0.4 MiB, for what is kept once.
+void ExpectSteady(MemoryWatch const &watch) {
+  constexpr std::size_t kMostBytes = std::size_t{2} << 20;
+  if (IsLongForm()) {
+    EXPECT_LT(watch.Ratio(), kMostGrowth);
+  } else {
+    EXPECT_LT(watch.Growth(), kMostBytes);
+  }
 }
 
 /// Does `step` that many times; `settle` brings about a state that is like any other before the
@@ -81,7 +96,7 @@ TEST(Endurance, EditsOfAllKindsKeepTheirMemory) {
     EXPECT_GT(user.Count(static_cast<Edit>(edit)), 0) << "edit " << edit;
   }
   EXPECT_EQ(driver.ObjectCount(), kObjects);
-  EXPECT_LT(watch.Ratio(), kMostGrowth);
+  ExpectSteady(watch);
 }
 
 /// Each with one painter, as the tool's configuration says.
@@ -114,7 +129,7 @@ TEST_P(EnduranceOfPainters, FramesWithTenHideRegionsKeepTheirMemory) {
         Deliver(driver.Sink());
       },
       [] {});
-  EXPECT_LT(watch.Ratio(), kMostGrowth);
+  ExpectSteady(watch);
 }
 
 INSTANTIATE_TEST_SUITE_P(Painters, EnduranceOfPainters, testing::Bool());
@@ -144,7 +159,7 @@ TEST_F(EnduranceOfFiles, SavesAndLoadsKeepTheirMemory) {
       },
       [&] { Deliver(driver.Sink()); });
   EXPECT_EQ(driver.ObjectCount(), kObjects);
-  EXPECT_LT(watch.Ratio(), kMostGrowth);
+  ExpectSteady(watch);
 }
 
 /// A session as the desktop's window has it: the tool's events make the steps.
@@ -216,7 +231,7 @@ TEST_F(EnduranceOfFiles, SessionsKeepTheirMemoryButForTheirSteps) {
   auto const stepCount = static_cast<std::size_t>(stepsOfProject);
   std::printf("bytes of an edit that can be undone: %zu\n", mostBytes / stepCount);
   EXPECT_LT(mostBytes, kRoomForRuns + stepCount * kMostBytesOfStep);
-  EXPECT_LT(watch.Ratio(), kMostGrowth);
+  ExpectSteady(watch);
 }
 
 /// Painted on two windows in turn, as by a host that shows a picture twice, and on one again after
