@@ -8,7 +8,8 @@
 #include <malloc.h>
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+/// As the sanitizer's own header declares it, which not every compiler's package has.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace framenote::test {
