@@ -148,13 +148,13 @@ void Write(fs::path const &path, std::string const &text) {
 void WriteProjects(fs::path const &folder, std::string const &name, wxJSONValue const &document) {
   Project project;
   project.document = document;
-  project.media.path = "/media/street.avi";
+  project.media.path = "/evidence/film.avi";
   project.media.facts = {123456, std::string(64, 'a'), kFrameCount};
-  std::string const text = Written(JsonOfProject(project, "/media/work/street.framenote"));
+  std::string const text = Written(JsonOfProject(project, "/evidence/case/film.framenote"));
   Write(folder / (name + kProjectExtension), text + "\n");
   Write(folder / (name + ".recovery"),
-        R"({"format":"framenote recovery","time":1700000000,"projectPath":"/media/work/street)"
-        R"(.framenote","mediaPath":"/media/street.avi"})" +
+        R"({"format":"framenote recovery","time":1700000000,"projectPath":"/evidence/case/film)"
+        R"(.framenote","mediaPath":"/evidence/film.avi"})" +
             std::string("\n") + text + "\n");
 }
 
