@@ -7,7 +7,6 @@
 #include <exception>
 #include <filesystem>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,26 +18,11 @@
 #include <gtest/gtest.h>
 
 #include "project/temporary_folder.h"
+#include "support/with_variable.h"
 #include "talbase/json_text.h"
 
 namespace framenote::test {
 namespace {
-
-/// Sets a variable of the environment and sets it back.
-class WithVariable {
-public:
-  WithVariable(char const *name, char const *value) : m_name(name) {
-    if (char const *former = std::getenv(name)) m_former = former;
-    value != nullptr ? setenv(name, value, 1) : unsetenv(name);
-  }
-  ~WithVariable() { m_former ? setenv(m_name, m_former->c_str(), 1) : unsetenv(m_name); }
-  WithVariable(WithVariable const &) = delete;
-  WithVariable &operator=(WithVariable const &) = delete;
-
-private:
-  char const *m_name;
-  std::optional<std::string> m_former;
-};
 
 /// What a session told of failures, from whatever thread.
 class Failures {
