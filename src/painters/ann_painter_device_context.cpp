@@ -12,6 +12,7 @@
 #include "coordinates/pixel_geometry.h"
 #include "painters/drawing_tools.h"
 #include "painters/graphics_context_routines.h"
+#include "painters/large_letters.h"
 #include "properties/ann_arrow_properties.h"
 #include "properties/ann_shape_properties.h"
 
@@ -252,13 +253,18 @@ void AnnPainterDeviceContext::DrawText(wxPoint2DDouble const &position, double a
   if (!font.IsOk() || !colour.IsOk()) return;
   setTools(framenote::NoPen(), framenote::NoBrush());
   double const enlargement = m_range.TextEnlargement(font);
-  wxPoint const at = toPixel(position);
-  double const degrees = std::isfinite(angle) ? angle * 180 / kPi : 0.0;
+  wxFont const drawable = m_range.Font(font, enlargement);
+  wxPoint const pixel = toPixel(position);
+  wxPoint const at(framenote::RoundToPixel(pixel.x * enlargement),
+                   framenote::RoundToPixel(pixel.y * enlargement));
+  double const turn = std::isfinite(angle) ? angle : 0.0;
   setScale(m_range.Scale() / enlargement);
-  m_dc->SetFont(m_range.Font(font, enlargement));
-  m_dc->SetTextForeground(colour);
-  m_dc->DrawRotatedText(text, framenote::RoundToPixel(at.x * enlargement),
-                        framenote::RoundToPixel(at.y * enlargement), degrees);
+  wxGraphicsContext *const context = m_dc->GetGraphicsContext();
+  if (!context || !framenote::DrawLargeLetters(*context, text, at, turn, drawable, colour)) {
+    m_dc->SetFont(drawable);
+    m_dc->SetTextForeground(colour);
+    m_dc->DrawRotatedText(text, at, turn * 180 / kPi);
+  }
   setScale(m_range.Scale());
 }
 

@@ -12,6 +12,7 @@
 #include "coordinates/pixel_geometry.h"
 #include "painters/drawing_tools.h"
 #include "painters/graphics_context_routines.h"
+#include "painters/large_letters.h"
 #include "properties/ann_arrow_properties.h"
 #include "properties/ann_shape_properties.h"
 
@@ -286,8 +287,12 @@ void AnnPainterGraphicsContext::DrawText(wxPoint2DDouble const &position, double
     context.PushState();
     context.Translate(topLeft.m_x, topLeft.m_y);
     context.Scale(1.0 / enlargement, 1.0 / enlargement);
-    context.SetFont(m_range.Font(font, enlargement), colour);
-    context.DrawText(text, 0.0, 0.0, std::isfinite(angle) ? angle : 0.0);
+    wxFont const drawable = m_range.Font(font, enlargement);
+    double const turn = std::isfinite(angle) ? angle : 0.0;
+    if (!framenote::DrawLargeLetters(context, text, {0.0, 0.0}, turn, drawable, colour)) {
+      context.SetFont(drawable, colour);
+      context.DrawText(text, 0.0, 0.0, turn);
+    }
     context.PopState();
   });
 }

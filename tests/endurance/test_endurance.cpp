@@ -17,12 +17,12 @@
 #include <gtest/gtest.h>
 
 #include "desktop/session.h"
-#include "endurance/memory_use.h"
 #include "endurance/random_user.h"
 #include "endurance/repeated_media.h"
 #include "framenote/annotation_events.h"
 #include "project/project_file.h"
 #include "project/temporary_folder.h"
+#include "support/memory_use.h"
 #include "support/test_pictures.h"
 #include "support/tool_driver.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "endurance/memory_use.h"
+#include "support/memory_use.h"
 
 #include <cstdio>
 #include <fstream>
