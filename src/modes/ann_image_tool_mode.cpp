@@ -14,6 +14,7 @@ void AnnImageToolMode::SetPicture(wxString const &path) {
   wxImage const picture = m_pictures.Read(path);
   SetPictureImage(picture);
   if (!picture.IsOk()) return;
+  m_properties->SetFileName(wxFileName(path));
   if (auto *const image = selectedAs<AnnImage>()) {
     image->SetImage(path);
     m_tool->Refresh();

@@ -24,9 +24,8 @@ public:
   void DrawPreview(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset) override;
   void OnMouseResizing(wxMouseEvent const &event) override;
 
-  /// Takes the picture in a file, and gives it to the selected picture object; a file that cannot
-  /// be read leaves the mode without a picture. New objects read the file that `m_properties`
-  /// names: a host sets both.
+  /// Takes the picture in a file, which `m_properties` names then, and gives it to the selected
+  /// picture object; a file that cannot be read leaves the mode without a picture.
   void SetPicture(wxString const &path);
   /// Takes a picture. An invalid one leaves the mode without, and empties the record's file name.
   void SetPictureImage(wxImage const &image);

@@ -37,7 +37,7 @@ AnnImage::AnnImage(std::shared_ptr<AnnShapeToolMode> const &shapeMode,
     : BoxedObject(shapeMode, imageMode, rect, frame),
       m_imageCoordinates(imageMode->GetToolFrameCount(), frame, m_coordinates) {
   initializeRectangleProperties();
-  SetImage(m_look.GetFileName().GetFullPath(wxPATH_NATIVE));
+  readPicture(m_look.GetFileName().GetFullPath(wxPATH_NATIVE));
   // The rectangle may have taken the picture's proportions, and its mirror has the flag beside it.
   setJSONValBothCoordinates();
   initMirrorOfNewObject();
@@ -66,7 +66,7 @@ AnnImage::~AnnImage() = default;
 
 void AnnImage::initFromJSONVal() {
   m_imageAngle = GetRotationAngle();
-  SetImage(m_look.GetFileName().GetFullPath(wxPATH_NATIVE));
+  readPicture(m_look.GetFileName().GetFullPath(wxPATH_NATIVE));
 }
 
 void AnnImage::initializeRectangleProperties() {
@@ -74,6 +74,14 @@ void AnnImage::initializeRectangleProperties() {
 }
 
 void AnnImage::SetImage(wxString const &path) {
+  readPicture(path);
+  if (!m_image.IsOk()) return;
+  // The document names the picture that is seen, whoever has given it.
+  m_look.SetFileName(wxFileName(path));
+  setJSONValLook();
+}
+
+void AnnImage::readPicture(wxString const &path) {
   m_image = m_kindMode->Pictures().Read(path);
   if (!m_image.IsOk()) return;
   if (m_look.GetKeepAspectRatio()) updateRectSizeOnKeepAspectRatio();

@@ -49,7 +49,8 @@ public:
   wxImage GetImage() const { return m_image; }
   /// The look.
   AnnImageProperties const &ImageProperties() const { return m_look; }
-  /// Reads a file. If it cannot be read, what was painted before goes on being painted.
+  /// Reads a file, which the look and the document name then. If it cannot be read, what was
+  /// painted before goes on being painted, under its name.
   void SetImage(wxString const &path);
 
   /// That of the shape, and whether the picture is mirrored.
@@ -79,6 +80,7 @@ private:
   void initFromJSONVal() override;
   void onCornersDragged(bool isResize) override;
   void initializeRectangleProperties();
+  void readPicture(wxString const &path);
   void updateRectSizeOnKeepAspectRatio();
   void updateBitmap();
   /// Makes the bitmap anew only if the frame's flag is another one than the bitmap's.

@@ -280,7 +280,10 @@ TEST_P(ImageMode, SelectedObjectTakesTheChosenPicture) {
   ASSERT_TRUE(other.SaveFile(path, wxBITMAP_TYPE_PNG));
   Image().SetPicture(path);
   fs::remove(path);
-  EXPECT_EQ(pixels::ColourAt(m_driver.ObjectAs<AnnImage>()->GetImage(), 5, 5), pixels::kBlue);
+  auto const *const object = m_driver.ObjectAs<AnnImage>();
+  EXPECT_EQ(pixels::ColourAt(object->GetImage(), 5, 5), pixels::kBlue);
+  EXPECT_EQ(object->ToJSON().ItemAt("Properties").ItemAt("FileName").AsString(), path);
+  EXPECT_EQ(Image().m_properties->GetFileName().GetFullPath(), path);
 }
 
 TEST_P(ImageMode, SelectingGivesThePictureToTheMode) {
