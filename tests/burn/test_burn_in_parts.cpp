@@ -2,36 +2,17 @@
 // The commands of docs/scaling.md, as they stand there.
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "burn/video_fixture.h"
+#include "support/code_blocks.h"
 
 namespace framenote::test {
 
 namespace {
-
-/// The blocks of commands in the page, in order.
-std::vector<std::string> CommandsOfThePage() {
-  std::ifstream page(FRAMENOTE_SCALING_PAGE);
-  std::vector<std::string> blocks;
-  bool isInside = false;
-  for (std::string line; std::getline(page, line);) {
-    if (line == "```sh") {
-      blocks.emplace_back();
-      isInside = true;
-    } else if (line == "```") {
-      isInside = false;
-    } else if (isInside) {
-      blocks.back() += line + "\n";
-    }
-  }
-  return blocks;
-}
 
 enum Block : std::size_t { Settings, Part, OneMachine, Slurm, Joining, BlockCount };
 
@@ -39,7 +20,7 @@ class BurnInParts : public BurnVideo {
 protected:
   void SetUp() override {
     BurnVideo::SetUp();
-    m_blocks = CommandsOfThePage();
+    m_blocks = CodeBlocks(FRAMENOTE_SCALING_PAGE, "sh");
     ASSERT_EQ(m_blocks.size(), BlockCount);
     // 120 frames are three parts of 50, the last one shorter.
     std::string &settings = m_blocks[Settings];

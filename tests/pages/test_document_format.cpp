@@ -2,7 +2,6 @@
 // docs/document-format.md, its examples and its schemas, against each other, against a validator
 // that others wrote, and against the library.
 #include <cstdlib>
-#include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
@@ -18,6 +17,7 @@
 #include "objects/ann_shape.h"
 #include "project/project_file.h"
 #include "project/temporary_folder.h"
+#include "support/code_blocks.h"
 #include "support/objects_of_kinds.h"
 #include "support/test_pictures.h"
 #include "support/tool_driver.h"
@@ -31,20 +31,7 @@ constexpr char const *kValid = "valid";
 
 /// The blocks of JSON in the page, in order.
 Strings ExamplesOfThePage() {
-  std::ifstream page(FRAMENOTE_DOCUMENTATION "/document-format.md");
-  Strings blocks;
-  bool isInside = false;
-  for (std::string line; std::getline(page, line);) {
-    if (line == "```json") {
-      blocks.emplace_back();
-      isInside = true;
-    } else if (line == "```") {
-      isInside = false;
-    } else if (isInside) {
-      blocks.back() += line + "\n";
-    }
-  }
-  return blocks;
+  return CodeBlocks(FRAMENOTE_DOCUMENTATION "/document-format.md", "json");
 }
 
 /// A document with the object, if `value` is an object of a document.
