@@ -133,7 +133,7 @@ void MemoryOfLongVideos(benchmark::State &state) {
   if (!isMade) return state.SkipWithError("ffmpeg failed");
   double few = 0.0;
   double many = 0.0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     few = folder.MegabytesOf(kBurn + "--input in.mp4 --output out.mkv --frames 0-999");
     many = folder.MegabytesOf(kBurn + "--input in.mp4 --output out.mkv");
   }

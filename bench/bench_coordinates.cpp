@@ -58,8 +58,8 @@ void MoveAllOfAStillObject(benchmark::State &state) {
 void CopyOfAStillObject(benchmark::State &state) {
   AnnShapeCoordinates const store = StillStore();
   ReportRatio(state, store, [&] {
-    AnnShapeCoordinates const copy = store;
-    benchmark::DoNotOptimize(copy.CoordsVec().data());
+    AnnShapeCoordinates copy = store;
+    benchmark::DoNotOptimize(copy);
   });
 }
 
@@ -71,7 +71,7 @@ void GetRangesOfAnEditedObject(benchmark::State &state) {
 
 void MemoryOfAStillObject(benchmark::State &state) {
   AnnShapeCoordinates const store = StillStore();
-  for (auto _ : state) benchmark::DoNotOptimize(store.CoordsVec().capacity());
+  while (state.KeepRunning()) benchmark::DoNotOptimize(store.CoordsVec().capacity());
   auto const bytes = store.CoordsVec().capacity() * sizeof(std::shared_ptr<AnnShapePoints>);
   state.counters["bytes_per_frame"] = static_cast<double>(bytes) / static_cast<double>(kFrames);
 }

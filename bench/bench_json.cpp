@@ -61,6 +61,7 @@ wxJSONValue Object(int index) {
 
 std::vector<wxJSONValue> Mirrors() {
   std::vector<wxJSONValue> mirrors;
+  mirrors.reserve(kObjects);
   for (int i = 0; i < kObjects; ++i) mirrors.push_back(Object(i));
   return mirrors;
 }
@@ -142,7 +143,7 @@ void EditRebuildAndCompare(benchmark::State &state) {
   };
   std::vector<double> ourTimes;
   std::vector<double> referenceTimes;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     ourTimes.push_back(framenote::bench::SecondsOf(edit));
     state.SetIterationTime(ourTimes.back());
     ordered_json built;

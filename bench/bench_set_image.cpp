@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <cstddef>
 #include <memory>
 #include <random>
 
@@ -19,6 +20,7 @@ namespace {
 constexpr int kRegions = 10;
 constexpr int kLenses = 5;
 constexpr int kSide = 200;
+constexpr std::size_t kRowBytes = std::size_t{kSide} * 3;
 
 wxImage Noise(int width, int height) {
   wxImage image(width, height, false);
@@ -66,7 +68,7 @@ wxBitmap HidePart(wxImage const &picture, wxRect const &part) {
   framenote::HiddenPicture const hidden(ViewOf(picture), framenote::HideEffect::Pixelation, 40,
                                         area);
   wxImage image(part.GetSize(), false);
-  hidden.Render(area, image.GetData(), kSide * 3);
+  hidden.Render(area, image.GetData(), kRowBytes);
   return wxBitmap(image, -1, 1.0);
 }
 
@@ -75,7 +77,7 @@ wxBitmap EnlargePart(wxImage const &picture, wxRect const &part) {
                                             picture.GetHeight() * 2,
                                             framenote::ZoomMethod::Nearest);
   wxImage image(part.GetSize(), false);
-  enlarged.Render({part.x * 2, part.y * 2, kSide, kSide}, image.GetData(), kSide * 3);
+  enlarged.Render({part.x * 2, part.y * 2, kSide, kSide}, image.GetData(), kRowBytes);
   return wxBitmap(image, -1, 1.0);
 }
 

@@ -59,7 +59,14 @@ private:
     bool (MainFrame::*isEnabled)() const;
     bool (MainFrame::*isChecked)() const;  ///< nullptr: no check mark
   };
+  /// Of the commands of one key, the first that is enabled is run.
   static std::vector<Command> const &Commands();
+  static std::vector<Command> fileCommands();
+  static std::vector<Command> editCommands();
+  static std::vector<Command> toolCommands();
+  static std::vector<Command> timeCommands();
+  static std::vector<Command> viewCommands();
+  static std::vector<Command> helpCommands();
   static wxString nameOfKey(Command const &command);
 
   // Construction

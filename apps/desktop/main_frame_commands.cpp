@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window does, in one table, and the menus and keys that are made from it.
+// What the window does, in one table by menu, and the menus and keys that are made from it.
 #include <wx/aboutdlg.h>
 #include <wx/combobox.h>
 #include <wx/menu.h>
@@ -31,8 +31,22 @@ constexpr int kShift = wxMOD_SHIFT;
 // Keys without a modifier are no accelerators of the menu: these would take them from a text that
 // is being typed.
 std::vector<MainFrame::Command> const &MainFrame::Commands() {
+  static std::vector<Command> const commands = [] {
+    std::vector<Command> all;
+    for (auto const commandsOfMenu :
+         {&MainFrame::fileCommands, &MainFrame::editCommands, &MainFrame::toolCommands,
+          &MainFrame::timeCommands, &MainFrame::viewCommands, &MainFrame::helpCommands}) {
+      std::vector<Command> const own = commandsOfMenu();
+      all.insert(all.end(), own.begin(), own.end());
+    }
+    return all;
+  }();
+  return commands;
+}
+
+std::vector<MainFrame::Command> MainFrame::fileCommands() {
   using F = MainFrame;
-  static std::vector<Command> const commands = {
+  return {
       {kFile, wxTRANSLATE("&New"), "Ctrl+N", 0, 0, &F::closeMedia, &F::hasMedia, nullptr},
       {kFile, wxTRANSLATE("&Open..."), "Ctrl+O", 0, 0, &F::openFile, &F::always, nullptr},
       {kFile, wxTRANSLATE("&Save"), "Ctrl+S", 0, 0, &F::saveCommand, &F::hasMedia, nullptr},
@@ -41,7 +55,12 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
       {kFile, wxTRANSLATE("&Export..."), "Ctrl+E", 0, 0, &F::exportMedia, &F::hasMedia, nullptr},
       {kFile, wxTRANSLATE("&Close"), "Ctrl+W", 0, 0, &F::closeMedia, &F::hasMedia, nullptr},
       {kFile, wxTRANSLATE("&Quit"), "Ctrl+Q", 0, 0, &F::quit, &F::always, nullptr},
+  };
+}
 
+std::vector<MainFrame::Command> MainFrame::editCommands() {
+  using F = MainFrame;
+  return {
       {kEdit, wxTRANSLATE("&Undo"), "Ctrl+Z", 0, 0, &F::undo, &F::canUndo, nullptr},
       {kEdit, wxTRANSLATE("&Redo"), "Ctrl+Y", 0, 0, &F::redo, &F::canRedo, nullptr},
       {nullptr, wxTRANSLATE("Redo"), "", 'Z', wxMOD_CONTROL | kShift, &F::redo, &F::canRedo,
@@ -68,7 +87,12 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
        &F::hasSelection, nullptr},
       {nullptr, wxTRANSLATE("Move down by ten pixels"), "", WXK_DOWN, kShift,
        &F::moveCommand<0, 10>, &F::hasSelection, nullptr},
+  };
+}
 
+std::vector<MainFrame::Command> MainFrame::toolCommands() {
+  using F = MainFrame;
+  return {
       {kTool, wxTRANSLATE("&Shape"), "", 'S', kNone, &F::pressToolCommand<Types::Shape>,
        &F::hasMedia, nullptr},
       {kTool, wxTRANSLATE("&Arrow"), "", 'A', kNone, &F::pressToolCommand<Types::Arrow>,
@@ -85,7 +109,12 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
        &F::hasMedia, nullptr},
       {kTool, wxTRANSLATE("&General"), "", 'G', kNone, &F::pressToolCommand<Types::General>,
        &F::hasMedia, nullptr},
+  };
+}
 
+std::vector<MainFrame::Command> MainFrame::timeCommands() {
+  using F = MainFrame;
+  return {
       {kTime, wxTRANSLATE("&Play or Pause"), "", WXK_SPACE, kNone, &F::play, &F::hasVideo, nullptr},
       {nullptr, wxTRANSLATE("Play backward"), "", 'J', kNone, &F::playBackward, &F::hasVideo,
        nullptr},
@@ -110,7 +139,12 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
       {kTime, wxTRANSLATE("Ne&xt Object Start"), "", WXK_RIGHT, wxMOD_CONTROL, &F::goToNextObject,
        &F::hasVideo, nullptr},
       {kTime, wxTRANSLATE("&Go To..."), "Ctrl+G", 0, 0, &F::goTo, &F::hasVideo, nullptr},
+  };
+}
 
+std::vector<MainFrame::Command> MainFrame::viewCommands() {
+  using F = MainFrame;
+  return {
       {kView, wxTRANSLATE("Zoom &In"), "Ctrl++", 0, 0, &F::zoomIn, &F::hasMedia, nullptr},
       {nullptr, wxTRANSLATE("Zoom in"), "", '=', wxMOD_CONTROL, &F::zoomIn, &F::hasMedia, nullptr},
       {kView, wxTRANSLATE("Zoom &Out"), "Ctrl+-", 0, 0, &F::zoomOut, &F::hasMedia, nullptr},
@@ -128,12 +162,16 @@ std::vector<MainFrame::Command> const &MainFrame::Commands() {
        &F::showsTimeline},
       {kView, wxTRANSLATE("F&ull Screen"), "F11", 0, 0, &F::toggleFullScreen, &F::always,
        &F::isFullScreen},
+  };
+}
 
+std::vector<MainFrame::Command> MainFrame::helpCommands() {
+  using F = MainFrame;
+  return {
       {kHelp, wxTRANSLATE("&Keyboard Shortcuts"), "F1", 0, 0, &F::showShortcuts, &F::always,
        nullptr},
       {kHelp, wxTRANSLATE("&About Framenote"), "", 0, 0, &F::showAbout, &F::always, nullptr},
   };
-  return commands;
 }
 
 wxString MainFrame::nameOfKey(Command const &command) {

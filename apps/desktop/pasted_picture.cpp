@@ -38,10 +38,10 @@ fs::path FolderOfPictures() {
 
 bool IsFree(AnnotationTool const &tool, wxPoint const &point) {
   std::int64_t const frame = tool.GetMediaInfo().frameIndex;
-  for (IAnnotationObject const *object : tool.AnnotationObjects()) {
-    if (object->IsPresentInFrame(frame) && object->Contains({point.x, point.y})) return false;
-  }
-  return true;
+  auto const &objects = tool.AnnotationObjects();
+  return std::none_of(objects.begin(), objects.end(), [&](IAnnotationObject const *object) {
+    return object->IsPresentInFrame(frame) && object->Contains({point.x, point.y});
+  });
 }
 
 /// Where a drag can start without taking hold of an object; rows of places from the middle on.

@@ -112,7 +112,7 @@ private:
   void drag(wxPoint const &at);
   void finishDrag();
   void hover(wxPoint const &at);
-  void showToolTip(int row);
+  void showToolTip(int index);
   void onWheel(wxMouseEvent const &event);
   void onScroll(wxScrollWinEvent const &event);
   void onKey(wxKeyEvent &event);

@@ -101,7 +101,7 @@ bool FrameReader::IsTrusted(std::int64_t frame) {
 }
 
 /// Decodes on until the frame is kept; false once a later one, the end or a doubt has come up.
-bool FrameReader::DecodeUntil(std::int64_t frame) {
+bool FrameReader::DecodeUntil(std::int64_t wanted) {
   while (std::optional<DecodedFrame> decoded = m_decoder->Next()) {
     if (m_decoder->IsInDoubt()) break;
     std::int64_t const out =
@@ -111,13 +111,13 @@ bool FrameReader::DecodeUntil(std::int64_t frame) {
     if (out < 0 || out >= m_index.FrameCount()) continue;
     m_last = out;
     if (!IsTrusted(out)) {
-      if (out > frame) return false;
+      if (out > wanted) return false;
       continue;
     }
-    if (out < frame) m_sawEarlier = true;
-    Keep(out, std::move(*decoded), frame);
-    if (out == frame) return true;
-    if (out > frame) return false;
+    if (out < wanted) m_sawEarlier = true;
+    Keep(out, std::move(*decoded), wanted);
+    if (out == wanted) return true;
+    if (out > wanted) return false;
   }
   m_isRunning = false;
   return false;

@@ -32,7 +32,7 @@ private:
   bool CanReadOn(std::int64_t frame) const;
   bool IsTrusted(std::int64_t frame);
   bool StartBefore(std::int64_t frame, std::ptrdiff_t keysBack);
-  bool DecodeUntil(std::int64_t frame);
+  bool DecodeUntil(std::int64_t wanted);
   void Find(std::int64_t frame);
   std::string const &Path() const { return m_decoder->Input().Path(); }
   void Keep(std::int64_t frame, DecodedFrame decoded, std::int64_t wanted);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "media/media_input.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <string_view>
 
@@ -21,10 +23,8 @@ bool IsRefused(std::string_view name) {
       name.substr(name.size() - kPictureSuffix.size()) == kPictureSuffix) {
     return true;
   }
-  for (std::string_view const refused : kRefusedFormats) {
-    if (name == refused) return true;
-  }
-  return false;
+  return std::find(std::begin(kRefusedFormats), std::end(kRefusedFormats), name) !=
+         std::end(kRefusedFormats);
 }
 
 int RefuseToOpen(AVFormatContext * /*format*/, AVIOContext ** /*io*/, char const * /*url*/,

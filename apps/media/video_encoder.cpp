@@ -36,14 +36,14 @@ constexpr int kFFV1LeastSlicedSize = 16;
 
 /// How a matrix of RGB to YUV is tagged, with the primaries and the transfer function that its
 /// standard goes with.
-struct ColourTags {
+struct MatrixTags {
   char const *name;
   AVColorSpace matrix;
   AVColorPrimaries primaries;
   AVColorTransferCharacteristic transfer;
 };
 
-constexpr ColourTags kColourTags[] = {
+constexpr MatrixTags kMatrixTags[] = {
     {"bt709", AVCOL_SPC_BT709, AVCOL_PRI_BT709, AVCOL_TRC_BT709},
     {"smpte170m", AVCOL_SPC_SMPTE170M, AVCOL_PRI_SMPTE170M, AVCOL_TRC_SMPTE170M},
     {"bt470bg", AVCOL_SPC_BT470BG, AVCOL_PRI_BT470BG, AVCOL_TRC_SMPTE170M},
@@ -54,15 +54,15 @@ constexpr ColourTags kColourTags[] = {
 };
 
 /// nullptr if there is none of that name.
-ColourTags const *FindTags(std::string const &matrix) {
+MatrixTags const *FindTags(std::string const &matrix) {
   auto const *const found =
-      std::find_if(std::begin(kColourTags), std::end(kColourTags),
-                   [&](ColourTags const &tags) { return matrix == tags.name; });
-  return found == std::end(kColourTags) ? nullptr : found;
+      std::find_if(std::begin(kMatrixTags), std::end(kMatrixTags),
+                   [&](MatrixTags const &tags) { return matrix == tags.name; });
+  return found == std::end(kMatrixTags) ? nullptr : found;
 }
 
-ColourTags const &TagsOf(VideoSettings const &settings, std::string const &path) {
-  ColourTags const *const found = FindTags(settings.colourMatrix);
+MatrixTags const &TagsOf(VideoSettings const &settings, std::string const &path) {
+  MatrixTags const *const found = FindTags(settings.colourMatrix);
   if (found == nullptr) {
     throw MediaError(MediaProblem::Unsupported, path,
                      Message(wxTRANSLATE("colour matrix %s"), {settings.colourMatrix}));
@@ -170,7 +170,7 @@ void VideoEncoder::ConfigureFFV1() {
 }
 
 void VideoEncoder::ConfigureH264(VideoSettings const &settings) {
-  ColourTags const &tags = TagsOf(settings, m_path);
+  MatrixTags const &tags = TagsOf(settings, m_path);
   m_context->width = EvenUp(settings.width);
   m_context->height = EvenUp(settings.height);
   m_context->pix_fmt = AV_PIX_FMT_YUV420P;

@@ -23,7 +23,7 @@ constexpr double kScale = 1.5;
 wxPoint2DDouble const kOffset(3.25, -2.5);
 
 /// No two pixels next to each other are the same, so that hiding and magnifying have work to do.
-wxImage MakePicture() {
+wxImage PatternPicture() {
   wxImage picture(kWidth, kHeight);
   for (int y = 0; y < kHeight; ++y) {
     for (int x = 0; x < kWidth; ++x) {
@@ -63,7 +63,7 @@ wxJSONValue DocumentOf(AnnotationTool const &tool) {
 }  // namespace
 
 DocumentTrial::DocumentTrial()
-    : m_picture(MakePicture()),
+    : m_picture(PatternPicture()),
       m_screen(kWidth, kHeight),
       m_reader(MakeTool(false, true)),
       m_second(MakeTool(true, false)) {}

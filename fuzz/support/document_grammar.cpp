@@ -200,9 +200,8 @@ constexpr std::array<char const *, 7> kContainers = {
     "Properties", "Rectangle", "Unknown"};
 
 std::vector<std::string> PropertiesOf(int id) {
-  std::vector<std::string> const box = {
-      "Shape",     "BorderColor",          "BorderColorTransparent",
-      "FillColor", "FillColorTransparent", "Thickness"};
+  std::vector<std::string> box = {"Shape",     "BorderColor",          "BorderColorTransparent",
+                                  "FillColor", "FillColorTransparent", "Thickness"};
   switch (id) {
     case kShapeId:
       return box;

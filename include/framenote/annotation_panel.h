@@ -148,6 +148,9 @@ private:
 
   // The text panel's own
   void addFontRows(Page const &page);
+  void addFontChoices(Page const &page);
+  void addFontStyles(Page const &page);
+  void addFontPickers(Page const &page);
   void addMacroRow(Page const &page);
   void addFontToggle(Page const &page, wxSizer *sizer, int id, char const *label,
                      std::function<void(wxFont &, bool)> const &change);

@@ -47,6 +47,11 @@ void AddLine(unsigned char const *line, std::vector<Sum> &sums) {
   for (std::size_t k = 0; k < sums.size(); ++k) sums[k] = static_cast<Sum>(sums[k] + line[k]);
 }
 
+/// A mean, halves up. Twice the value is exact, as the value plus a half need not be.
+std::uint16_t Rounded(float value) {
+  return static_cast<std::uint16_t>((static_cast<int>(2.0F * value) + 1) / 2);
+}
+
 /// The sum of `width` pixels from `sums` on, times `factor`, rounded.
 template <class Sum>
 void WriteMean(Sum const *sums, int width, float factor, std::uint16_t *mean) {
@@ -59,9 +64,9 @@ void WriteMean(Sum const *sums, int width, float factor, std::uint16_t *mean) {
     green += sums[1];
     blue += sums[2];
   }
-  mean[0] = static_cast<std::uint16_t>(static_cast<float>(red) * factor + 0.5F);
-  mean[1] = static_cast<std::uint16_t>(static_cast<float>(green) * factor + 0.5F);
-  mean[2] = static_cast<std::uint16_t>(static_cast<float>(blue) * factor + 0.5F);
+  mean[0] = Rounded(static_cast<float>(red) * factor);
+  mean[1] = Rounded(static_cast<float>(green) * factor);
+  mean[2] = Rounded(static_cast<float>(blue) * factor);
 }
 
 /// One pass of (p, 1 - 2p, p) down the columns of `rows` lines; the ends are continued.
@@ -225,8 +230,7 @@ void HiddenPicture::smooth(double variance) {
       SmoothAlong(next.data() + j * line, values.data() + j * line, line, p);
     }
   }
-  std::transform(values.begin(), values.end(), m_means.begin(),
-                 [](float value) { return static_cast<std::uint16_t>(value + 0.5F); });
+  std::transform(values.begin(), values.end(), m_means.begin(), Rounded);
 }
 
 void HiddenPicture::Render(PixelArea const &part, unsigned char *pixels, std::size_t step) const {

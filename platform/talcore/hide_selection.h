@@ -3,7 +3,7 @@
 
 #include "framenote/export.h"
 
-struct _IplImage;
+struct _IplImage;  // NOLINT(bugprone-reserved-identifier): OpenCV's own name
 using IplImage = _IplImage;
 
 /// Fills `destination` with the whole of `source` blurred (`effect` 0) or pixelated (any other).

@@ -109,7 +109,8 @@ void AnnShape::UpdateCoordinatesPointers(std::int64_t frame) {
 }
 
 void AnnShape::findContainingRect() {
-  m_containingRect = sumOverRuns(framenote::BoundsOf);
+  m_containingRect =
+      sumOverRuns([](AnnShapePoints const &record) { return framenote::BoundsOf(record); });
   if (m_containingRect != wxRect()) {
     m_containingRect.SetBottomRight(m_containingRect.GetBottomRight() - wxPoint(1, 1));
   }

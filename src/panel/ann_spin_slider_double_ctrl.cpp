@@ -130,12 +130,13 @@ int AnnSpinSliderDoubleCtrl::GetThumbLength() const {
 }
 
 wxSize AnnSpinSliderDoubleCtrl::DoGetBestSize() const {
-  return GetSizer() != nullptr ? GetSizer()->CalcMin() : wxControl::DoGetBestSize();
+  if (GetSizer() != nullptr) return GetSizer()->CalcMin();
+  return wxControl::DoGetBestSize();  // NOLINT(bugprone-parent-virtual-call): no slider was made
 }
 
 #ifdef __WXGTK__
 // The base would ask the slider that was never made, and the mouse would find nobody.
 GdkWindow *AnnSpinSliderDoubleCtrl::GTKGetWindow(wxArrayGdkWindows &windows) const {
-  return wxControl::GTKGetWindow(windows);
+  return wxControl::GTKGetWindow(windows);  // NOLINT(bugprone-parent-virtual-call): as above
 }
 #endif

@@ -33,6 +33,12 @@ constexpr int kToolButtonWidth = 60;
 constexpr int kScrollStep = 10;
 constexpr bool kExtensionChecked = true;  ///< before a document says otherwise
 
+/// Buttons show by their background whether they are pressed, and pickers their colour.
+bool TellsByBackground(wxWindow const &window) {
+  return dynamic_cast<wxAnyButton const *>(&window) ||
+         dynamic_cast<wxColourPickerCtrl const *>(&window);
+}
+
 void MeasureAnew(wxWindow &window) {
   for (wxWindow *child : window.GetChildren()) MeasureAnew(*child);
   window.InvalidateBestSize();
@@ -163,7 +169,8 @@ void AnnotationPanel::ScrollWindow(int, int, wxRect const *) {
 
 // A scrolled window would name the least that it can be scrolled in.
 wxSize AnnotationPanel::DoGetBestSize() const {
-  return GetSizer() != nullptr ? GetSizer()->CalcMin() : wxPanel::DoGetBestSize();
+  if (GetSizer() != nullptr) return GetSizer()->CalcMin();
+  return wxPanel::DoGetBestSize();  // NOLINT(bugprone-parent-virtual-call): as above
 }
 
 void AnnotationPanel::DoToolToggle(wxToggleButton *button) {
@@ -299,8 +306,7 @@ void AnnotationPanel::FromJSON(wxJSONValue const &value) {
 }
 
 void AnnotationPanel::setBackgroundColorRecursively(wxWindow *window, wxColour const &colour) {
-  // Buttons show by their background whether they are pressed, and pickers their colour.
-  if (dynamic_cast<wxAnyButton *>(window) || dynamic_cast<wxColourPickerCtrl *>(window)) return;
+  if (TellsByBackground(*window)) return;
   window->SetBackgroundColour(colour);
   for (wxWindow *child : window->GetChildren()) setBackgroundColorRecursively(child, colour);
 }

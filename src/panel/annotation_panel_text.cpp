@@ -58,9 +58,14 @@ void AnnotationPanel::addFontToggle(Page const &page, wxSizer *sizer, int id, ch
 }
 
 void AnnotationPanel::addFontRows(Page const &page) {
-  auto const record = m_tool->GetToolModes().text->m_properties;
+  addFontChoices(page);
+  addFontStyles(page);
+  addFontPickers(page);
+}
+
+void AnnotationPanel::addFontChoices(Page const &page) {
   // A name or a size can be chosen, or typed and confirmed.
-  auto const onText = [](wxOwnerDrawnComboBox *combo, std::function<void(wxString const &)> take) {
+  auto const onText = [](wxOwnerDrawnComboBox *combo, auto const &take) {
     auto const handler = [combo, take](wxCommandEvent &) { take(combo->GetValue()); };
     combo->Bind(wxEVT_COMBOBOX, handler);
     combo->Bind(wxEVT_TEXT_ENTER, handler);
@@ -83,7 +88,9 @@ void AnnotationPanel::addFontRows(Page const &page) {
     changeFont([&](wxFont &font) { font.SetPointSize(NumberIn(size)); });
   });
   addRow(page, wxTRANSLATE("Size"), m_fontSizeCombo);
+}
 
+void AnnotationPanel::addFontStyles(Page const &page) {
   auto *const styles = new wxBoxSizer(wxVERTICAL);  // owned by the grid
   addFontToggle(page, styles, 22, wxTRANSLATE("Bold"), [](wxFont &font, bool value) {
     font.SetWeight(value ? wxFONTWEIGHT_BOLD : wxFONTWEIGHT_NORMAL);
@@ -94,7 +101,10 @@ void AnnotationPanel::addFontRows(Page const &page) {
   addFontToggle(page, styles, 24, wxTRANSLATE("Underline"),
                 [](wxFont &font, bool value) { font.SetUnderlined(value); });
   addRow(page, wxTRANSLATE("Style"), styles);
+}
 
+void AnnotationPanel::addFontPickers(Page const &page) {
+  auto const record = m_tool->GetToolModes().text->m_properties;
   m_fontColorPicker = makeColour(page, 26, [record] { return record->GetFontColor(); });
   m_fontColorPicker->Bind(wxEVT_COLOURPICKER_CHANGED, [this, record](wxColourPickerEvent &) {
     record->SetFontColor(m_fontColorPicker->GetColour());

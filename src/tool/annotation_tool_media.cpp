@@ -33,6 +33,7 @@ void HideWholePictures(std::vector<AnnHide *> const &regions) {
   for (AnnHide *region : regions)
     ofStrength.emplace(region->HideProperties().GetStrength(), region);
   std::vector<std::function<void()>> tasks;
+  tasks.reserve(ofStrength.size());
   for (auto const &[strength, region] : ofStrength) {
     tasks.emplace_back([region = region] { region->HideWholeImageAndStoreAsBitmap(); });
   }
@@ -72,6 +73,7 @@ void AnnotationTool::refreshBitmaps(bool wholePictures) {
   if (wholePictures || m_state == ToolState::Drawing) m_toolModes.hide->RefreshPreview();
   if (wholePictures) HideWholePictures(regions);
   std::vector<std::function<void()>> tasks;
+  tasks.reserve(regions.size() + lenses.size());
   for (AnnHide *region : regions) {
     tasks.emplace_back([region, wholePictures] {
       if (!wholePictures) return region->UpdateSubImageAndStoreAsSubBitmap();

@@ -94,7 +94,6 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   // What is cut for this frame is then what is cut for the tool's own. With a right-to-left layout
   // each SetImage mirrors the picture that both share, so that one alone would leave it mirrored.
   bool const isOwnFrame = savedFrame == info.frameIndex && !TalHasRTLLayout();
-  wxImage const savedImage = frame;
   auto const savedMacros = m_textMacros;
 
   m_mediaInfo.frameIndex = info.frameIndex;
@@ -102,12 +101,12 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   goToFrameOfObjects(info.frameIndex);
   SetImage(frame, false);
   UpdateTextMacrosMap(macros);
-  wxImage const output = paintAnnotatedFrame(frame, info.frameIndex);
+  wxImage output = paintAnnotatedFrame(frame, info.frameIndex);
 
   m_mediaInfo.frameIndex = savedFrame;
   goToFrameOfObjects(savedFrame);
   // The frame just rendered stays the tool's picture; the host sets the one it wants next.
-  if (!isOwnFrame) SetImage(savedImage, false);
+  if (!isOwnFrame) SetImage(frame, false);
   m_textMacros = savedMacros;
   UpdateTextMacrosMap({});
   return output;
