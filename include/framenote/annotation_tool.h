@@ -279,7 +279,8 @@ private:
   std::shared_ptr<IAnnotationToolMode> m_activeTool;
   ToolModes m_toolModes;  // they read the scale when they are made
   ToolState m_state = ToolState::Default;
-  wxWeakRef<wxWindow> m_drawOn;  // not owned
+  wxWeakRef<wxWindow> m_drawOn;             // not owned
+  std::list<wxWeakRef<wxWindow>> m_hooked;  // windows that have the hook of the Delete key
   bool m_visible = true;
   bool m_mouseEnabled = true;
   AnnotationMediaInfo m_mediaInfo;

@@ -25,6 +25,16 @@ Control *Make(Arguments const &...arguments) {
   return new Control(arguments...);  // owned by its parent window
 }
 
+/// Closes its list before it goes. The base class would do so when it is no list any more, and the
+/// list would ask what has gone for the heights of its items.
+class OwnerDrawnList : public wxOwnerDrawnComboBox {
+public:
+  using wxOwnerDrawnComboBox::wxOwnerDrawnComboBox;
+  OwnerDrawnList(OwnerDrawnList const &) = delete;
+  OwnerDrawnList &operator=(OwnerDrawnList const &) = delete;
+  ~OwnerDrawnList() override { HidePopup(); }
+};
+
 }  // namespace
 
 AnnotationControlsFactory::~AnnotationControlsFactory() = default;
@@ -163,14 +173,13 @@ wxSpinCtrl *AnnotationControlsFactory::CreateSpinCtrl(wxWindow *parent, int id,
 wxOwnerDrawnComboBox *AnnotationControlsFactory::CreateOwnerDrawnComboBox(
     wxWindow *parent, int id, wxString const &value, wxPoint const &position, wxSize const &size,
     wxArrayString const &items, long style, wxValidator const &validator, wxString const &name) {
-  return Make<wxOwnerDrawnComboBox>(parent, id, value, position, size, items, style, validator,
-                                    name);
+  return Make<OwnerDrawnList>(parent, id, value, position, size, items, style, validator, name);
 }
 
 wxOwnerDrawnComboBox *AnnotationControlsFactory::CreateOwnerDrawnComboBox(
     wxWindow *parent, int id, wxString const &value, wxPoint const &position, wxSize const &size,
     int count, wxString const *items, long style, wxValidator const &validator,
     wxString const &name) {
-  return Make<wxOwnerDrawnComboBox>(parent, id, value, position, size, count, items, style,
-                                    validator, name);
+  return Make<OwnerDrawnList>(parent, id, value, position, size, count, items, style, validator,
+                              name);
 }

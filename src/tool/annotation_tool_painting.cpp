@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The painting pass: one painter lives for one pass.
+#include <algorithm>
+
 #include <wx/dc.h>
 #include <wx/window.h>
 
@@ -13,9 +15,12 @@ void AnnotationTool::setDrawOn(wxWindow *window) {
   if (window == m_drawOn) return;
   m_drawOn = window;
   if (window == nullptr) return;
-  // It ends with the tool. A window that comes back, as with each document that is loaded, has the
-  // hook already: it must not collect them.
-  window->Unbind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
+  // The hook ends with the tool. A window that comes back, as with each document that is loaded,
+  // has it already and must not collect them. It is never taken off: wxWidgets clears away what was
+  // taken off at the next event, and asserts if that comes within another one.
+  if (std::find(m_hooked.begin(), m_hooked.end(), window) != m_hooked.end()) return;
+  m_hooked.remove_if([](wxWeakRef<wxWindow> const &known) { return known == nullptr; });
+  m_hooked.emplace_back(window);
   window->Bind(wxEVT_CHAR_HOOK, &AnnotationTool::onCharHook, this);
 }
 

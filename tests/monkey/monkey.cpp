@@ -102,6 +102,7 @@ void Monkey::BeginStep(int number, char const *name) {
   m_steps.push_back(std::to_string(number) + " " + name);
   if (m_steps.size() > kStepsTold) m_steps.pop_front();
   trace("\n" + m_steps.back());
+  m_watchdog.Tell("seed " + std::to_string(m_seed) + "; the last steps:\n" + LastSteps());
 }
 
 // At once, so that a crash leaves it behind.

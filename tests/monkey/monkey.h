@@ -11,6 +11,7 @@
 
 #include "monkey/monkey_dialogs.h"
 #include "monkey/server_input.h"
+#include "monkey/watchdog.h"
 
 class AnnotationTool;
 class Canvas;
@@ -95,6 +96,7 @@ private:
 
   unsigned m_seed;
   std::mt19937 m_random;
+  Watchdog m_watchdog;
   ServerInput m_input;
   MonkeyDialogs m_dialogs;
   MainFrame *m_frame = nullptr;  // owned by itself, like its children

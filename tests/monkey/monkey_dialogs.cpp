@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <wx/app.h>
+#include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
@@ -21,7 +22,7 @@ namespace {
 
 /// Milliseconds between two keys.
 constexpr int kPause = 15;
-/// After so many keys something is closed without a key.
+/// After so many keys something is closed without a key, which is an error if it is a menu.
 constexpr int kPatience = 150;
 
 constexpr std::array<int, 5> kMenuKeys = {WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_UP, WXK_DOWN};
@@ -55,7 +56,10 @@ MonkeyDialogs::~MonkeyDialogs() {
 int MonkeyDialogs::FilterEvent(wxEvent &event) {
   wxEventType const type = event.GetEventType();
   if (type == wxEVT_MENU_OPEN && IsPopup(event)) {
-    if (!m_isMenuOpen) startTyping(below(16), below(4) != 0);
+    if (!m_isMenuOpen) {
+      m_answers += " [menu]";
+      startTyping(below(16), below(4) != 0);
+    }
     m_isMenuOpen = true;
   }
   if (type == wxEVT_MENU_CLOSE && IsPopup(event)) m_isMenuOpen = false;
@@ -130,6 +134,9 @@ void MonkeyDialogs::startTyping(int keys, bool mayConfirm) {
 }
 
 void MonkeyDialogs::Notify() {
+  // The toolkit holds events back until it has painted, so that a menu may open when the next step
+  // already holds Shift or Control. Escape together with them closes no menu.
+  m_input.LetGoOfKeys();
   if (m_dialog != nullptr) {
     typeIntoDialog();
   } else if (m_isMenuOpen) {
@@ -146,7 +153,16 @@ void MonkeyDialogs::typeIntoMenu() {
     if (m_mayConfirm) return m_input.Tap(WXK_RETURN);
   }
   m_input.Tap(WXK_ESCAPE);
-  if (++m_ticks == kPatience) m_errors.emplace_back("a menu does not close");
+  if (++m_ticks < kPatience) return;
+  if (m_ticks == kPatience) m_errors.emplace_back("Escape closes no menu");
+  clickOutside();
+}
+
+void MonkeyDialogs::clickOutside() {
+  m_input.ReleaseAll();
+  m_input.MoveTo(wxDisplay().GetGeometry().GetBottomRight());
+  m_input.Press();
+  m_input.Release();
 }
 
 void MonkeyDialogs::typeIntoDialog() {

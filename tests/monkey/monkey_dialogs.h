@@ -49,6 +49,7 @@ private:
   int choose(wxFileDialog &files);
   void startTyping(int keys, bool mayConfirm);
   void typeIntoMenu();
+  void clickOutside();
   void typeIntoDialog();
   int below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(m_random); }
 

@@ -66,6 +66,7 @@ ServerInput::ServerInput() : m_display(XOpenDisplay(nullptr)) {
 // What is still down would stay so for the next client of the server.
 ServerInput::~ServerInput() {
   ReleaseAll();
+  LetGoOfKeys();
 }
 
 void ServerInput::sync() {
@@ -102,8 +103,20 @@ void ServerInput::Turn(int steps) {
 }
 
 void ServerInput::sendKey(unsigned long symbol, bool isDown) {
-  KeyCode const code = XKeysymToKeycode(m_display.get(), symbol);
-  if (code != 0) XTestFakeKeyEvent(m_display.get(), code, isDown ? True : False, CurrentTime);
+  int const code = XKeysymToKeycode(m_display.get(), symbol);
+  if (code != 0) sendCode(code, isDown);
+}
+
+void ServerInput::sendCode(int code, bool isDown) {
+  if (isDown) m_held.insert(code);
+  if (!isDown && m_held.erase(code) == 0) return;
+  XTestFakeKeyEvent(m_display.get(), static_cast<unsigned>(code), isDown ? True : False,
+                    CurrentTime);
+}
+
+void ServerInput::LetGoOfKeys() {
+  while (!m_held.empty()) sendCode(*m_held.begin(), false);
+  sync();
 }
 
 void ServerInput::SetModifiers(int modifiers, bool isDown) {

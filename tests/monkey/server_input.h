@@ -43,6 +43,8 @@ public:
   void Hold(int key);
   void LetGo(int key);
   void SetModifiers(int modifiers, bool isDown);
+  /// Lets go of every key that is held.
+  void LetGoOfKeys();
 
   /// What is seen now; helper windows of a few pixels do not count.
   std::vector<Top> ShownTops() const;
@@ -55,10 +57,12 @@ private:
   };
 
   void sendKey(unsigned long symbol, bool isDown);
+  void sendCode(int code, bool isDown);
   void sync();
 
   std::unique_ptr<_XDisplay, CloseDisplay> m_display;
-  std::set<int> m_pressed;
+  std::set<int> m_pressed;  ///< buttons
+  std::set<int> m_held;     ///< codes of keys
 };
 
 }  // namespace framenote::test

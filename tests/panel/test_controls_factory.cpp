@@ -3,9 +3,13 @@
 #include <wx/choice.h>
 #include <wx/combobox.h>
 #include <wx/frame.h>
+#include <wx/odcombo.h>
 #include <wx/panel.h>
 #include <wx/slider.h>
 #include <wx/spinctrl.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +69,28 @@ TEST_F(ControlsFactory, ComboBoxesHoldTheirItemsAndTheirText) {
   EXPECT_TRUE(IsMade(*byCount, 6, "count"));
   EXPECT_EQ(byCount->GetCount(), 3U);
   EXPECT_EQ(byCount->GetSelection(), 1);
+}
+
+// The list lost the focus while it was taken down, and asked the half gone control for heights.
+TEST_F(ControlsFactory, AWindowMayGoWhileAListIsOpen) {
+  wxOwnerDrawnComboBox *const list = CreateOwnerDrawnComboBox(
+      m_frame, 5, "two", m_at, m_size, m_names, wxCB_READONLY, wxDefaultValidator, "list");
+  wxWindow const &items = *list->GetPopupControl()->GetControl();
+  m_frame->Show();
+  wxYield();
+  list->Popup();
+  // Without a window manager the focus is where the pointer is.
+  wxUIActionSimulator mouse;
+  mouse.MouseMove(items.GetScreenPosition() + wxPoint(5, 5));
+  for (int i = 0; i < 100; ++i) {
+    wxYield();
+    wxMilliSleep(2);
+  }
+  ASSERT_TRUE(list->IsPopupShown());
+  ASSERT_TRUE(items.HasFocus());
+  wxWeakRef<wxWindow> const known(list);
+  list->Destroy();
+  EXPECT_EQ(known.get(), nullptr);
 }
 
 TEST_F(ControlsFactory, SlidersHaveTheirRange) {

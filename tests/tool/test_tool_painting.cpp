@@ -159,6 +159,33 @@ TEST(PaintingOnAWindow, RefreshGoesToTheWindowLastPaintedOn) {
   wxYield();
 }
 
+// Each document that was loaded took a hook off the window, and what is taken off may not be
+// cleared away by an event within another event.
+TEST(PaintingOnAWindow, DocumentsLeaveNothingBehindAtTheWindow) {
+  ToolDriver driver(1, false, true);
+  auto *const frame = new wxFrame(nullptr, wxID_ANY, "", {0, 0}, {100, 100});  // destroyed below
+  auto const paint = [&] {
+    wxClientDC dc(frame);
+    driver.Tool().Draw(dc, frame, {0, 0}, 1.0);
+  };
+  int inner = 0;
+  frame->Bind(wxEVT_SIZE, [&](wxSizeEvent &event) {
+    wxCommandEvent another(wxEVT_MENU);
+    frame->GetEventHandler()->ProcessEvent(another);
+    ++inner;
+    event.Skip();
+  });
+  paint();
+  driver.Tool().Reset(false);
+  paint();
+  // An assertion of wxWidgets fails the test.
+  wxSizeEvent event(frame->GetSize());
+  frame->GetEventHandler()->ProcessEvent(event);
+  EXPECT_EQ(inner, 1);
+  frame->Destroy();
+  wxYield();
+}
+
 }  // namespace
 
 }  // namespace framenote::test
