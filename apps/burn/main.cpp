@@ -117,10 +117,9 @@ int main(int argc, char **argv) {
   DisplaylessSession const session;
   if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
   UseUserLanguage();
-  std::string error;
-  BurnOptions const options =
-      ParseBurnOptions(std::vector<std::string>(argv + 1, argv + argc), error);
-  if (!error.empty()) return Fail(kArgumentError, error);
+  BurnOptions options;
+  Message const problem = ReadBurnOptions({argv + 1, argv + argc}, options);
+  if (!problem.IsEmpty()) return Fail(kArgumentError, problem.Translated());
   switch (options.action) {
     case BurnOptions::Action::ShowHelp:
       std::fputs(BurnUsage().c_str(), stdout);
