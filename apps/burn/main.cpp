@@ -72,7 +72,14 @@ void Warn(std::string const &source, std::string const &problem) {
   PrintLine(Message(wxTRANSLATE("warning: '%s': %s"), {source, problem}).Translated());
 }
 
-void Warn(BurnResult const &result) {
+void Warn(BurnResult const &result, std::string const &document) {
+  if (result.objectsLeftOut > 0) {
+    // TRANSLATORS: how many objects; said of a document.
+    Message const text(wxTRANSLATE("objects that cannot be read, or would leave no trace, are left "
+                                   "out: %s"),
+                       {std::to_string(result.objectsLeftOut)});
+    Warn(document, text.Translated());
+  }
   if (!result.damagedFrames.empty()) Warn(result.source, DamageText(result.damagedFrames));
   if (!result.problem.IsEmpty()) Warn(result.source, result.problem.Translated());
 }
@@ -94,7 +101,7 @@ int Run(BurnOptions const &options) {
   try {
     BurnResult const result = Burn(options, show);
     output.ShowDone(options, result);
-    Warn(result);
+    Warn(result, options.document);
   } catch (ArgumentError const &error) {
     return Fail(kArgumentError, error.what());
   } catch (FileError const &error) {
