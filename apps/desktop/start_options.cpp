@@ -55,7 +55,7 @@ Message ReadStartOptions(std::vector<std::string> const &arguments, StartOptions
   for (CommandOptionText const &option : ToolkitOptions()) {
     table.push_back(LeftToToolkit(option));
   }
-  Message const problem = ReadCommandLine(arguments, table, options, SetFile);
+  Message problem = ReadCommandLine(arguments, table, options, SetFile);
   if (!problem.IsEmpty() || options.action != StartOptions::Action::ShowWindow) return problem;
   if (!options.document.empty() && options.file.empty()) {
     return {wxTRANSLATE("%s is missing"), {kFile.name}};

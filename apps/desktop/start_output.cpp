@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include <wx/msgout.h>
+#include <wx/string.h>
 
 #ifdef _WIN32
 

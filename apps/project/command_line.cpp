@@ -72,7 +72,7 @@ Message ReadArguments(std::vector<std::string> const &arguments,
       place = static_cast<std::size_t>(std::distance(options.begin(), option));
       value = isNext ? arguments[++i] : split.value;
     }
-    Message const problem = take(place, value);
+    Message problem = take(place, value);
     if (!problem.IsEmpty()) return problem;
   }
   return {};
