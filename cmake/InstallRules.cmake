@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# What is installed, in four components: runtime (the library), common (its catalogues), dev and
-# programs.
+# What is installed, in four components: runtime (the library), common (its catalogues, and what
+# users read), dev and programs.
 include(CMakePackageConfigHelpers)
 
 set(framenote_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/framenote)
@@ -63,6 +63,12 @@ configure_file(cmake/framenote.pc.in framenote.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/framenote.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.json")
+# As in the tree, so that links work; what users read goes with the texts.
+set(for_users "/(user-guide|redaction|scaling)\\.md$|/images$")
+install(FILES CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT common)
+install(FILES README.md CONTRIBUTING.md SECURITY.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT dev
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.json" REGEX "${for_users}" EXCLUDE)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT common
+  FILES_MATCHING REGEX "${for_users}" PATTERN "*.png")

@@ -7,6 +7,9 @@ set(CPACK_PACKAGE_VENDOR "The Framenote contributors")
 set(CPACK_PACKAGE_CONTACT "The Framenote contributors <maintainers@framenote.example>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+# Empty, or it would stand before each package's own description.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/compress.cmake)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
@@ -22,6 +25,7 @@ set(library libframenote${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS framenote-common)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Annotation library for pictures and video frames
  The classes with which a host lets its users mark up pictures and video frames.")
 
@@ -29,8 +33,8 @@ set(CPACK_DEBIAN_COMMON_PACKAGE_NAME framenote-common)
 set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION localization)
 set(CPACK_DEBIAN_COMMON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_COMMON_PACKAGE_SHLIBDEPS OFF)
-set(CPACK_COMPONENT_COMMON_DESCRIPTION "Framenote's texts in other languages
- Message catalogues of the library and the programs.")
+set(CPACK_COMPONENT_COMMON_DESCRIPTION "Framenote's texts in other languages, and user guide
+ Message catalogues of the library and the programs, and what their users read.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libframenote-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
@@ -41,7 +45,7 @@ set(CPACK_COMPONENT_DEV_DESCRIPTION "Annotation library: headers and documentati
 
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME framenote)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION}), framenote-common")
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION}), framenote-common (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION "Marks up still pictures and video frames
  The desktop host, framenote, and framenote-burn, which burns annotations in.")
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "media/message.h"
 #include "media/video_writer.h"
 #include "project/frame_pipeline.h"
 
@@ -36,6 +37,9 @@ struct BurnOptions {
   ProgressForm progress = ProgressForm::Line;
 };
 
-/// Reads the arguments after the program's name. On failure `error` says what is wrong with them,
-/// in one line of the user's language, and the result is meaningless; otherwise it is empty.
-BurnOptions ParseBurnOptions(std::vector<std::string> const &arguments, std::string &error);
+/// Reads the arguments after the program's name. Returns what is wrong with them, and then
+/// `options` is meaningless.
+Message ReadBurnOptions(std::vector<std::string> const &arguments, BurnOptions &options);
+
+/// What --help says of the options, in the user's language.
+std::string BurnOptionLines();

@@ -72,7 +72,14 @@ void Warn(std::string const &source, std::string const &problem) {
   PrintLine(Message(wxTRANSLATE("warning: '%s': %s"), {source, problem}).Translated());
 }
 
-void Warn(BurnResult const &result) {
+void Warn(BurnResult const &result, std::string const &document) {
+  if (result.objectsLeftOut > 0) {
+    // TRANSLATORS: how many objects; said of a document.
+    Message const text(wxTRANSLATE("objects that cannot be read, or would leave no trace, are left "
+                                   "out: %s"),
+                       {std::to_string(result.objectsLeftOut)});
+    Warn(document, text.Translated());
+  }
   if (!result.damagedFrames.empty()) Warn(result.source, DamageText(result.damagedFrames));
   if (!result.problem.IsEmpty()) Warn(result.source, result.problem.Translated());
 }
@@ -94,7 +101,7 @@ int Run(BurnOptions const &options) {
   try {
     BurnResult const result = Burn(options, show);
     output.ShowDone(options, result);
-    Warn(result);
+    Warn(result, options.document);
   } catch (ArgumentError const &error) {
     return Fail(kArgumentError, error.what());
   } catch (FileError const &error) {
@@ -117,10 +124,9 @@ int main(int argc, char **argv) {
   DisplaylessSession const session;
   if (!session.IsOk()) return Fail(kInputError, "wxWidgets did not start");
   UseUserLanguage();
-  std::string error;
-  BurnOptions const options =
-      ParseBurnOptions(std::vector<std::string>(argv + 1, argv + argc), error);
-  if (!error.empty()) return Fail(kArgumentError, error);
+  BurnOptions options;
+  Message const problem = ReadBurnOptions({argv + 1, argv + argc}, options);
+  if (!problem.IsEmpty()) return Fail(kArgumentError, problem.Translated());
   switch (options.action) {
     case BurnOptions::Action::ShowHelp:
       std::fputs(BurnUsage().c_str(), stdout);

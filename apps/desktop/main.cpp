@@ -2,28 +2,42 @@
 // framenote: the desktop host.
 #include <clocale>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <wx/app.h>
-#include <wx/cmdline.h>
 #include <wx/config.h>
 #include <wx/fileconf.h>
 #include <wx/image.h>
+#include <wx/init.h>
 #include <wx/intl.h>
 #include <wx/stdpaths.h>
 #include <wx/uilocale.h>
 
 #include "desktop/app_icon.h"
 #include "desktop/main_frame.h"
+#include "desktop/start_options.h"
+#include "desktop/start_output.h"
 #include "desktop/toolkit_direction.h"
-#include "project/path_text.h"
 #include "project/recovery_store.h"
 #include "project/user_language.h"
 #include "talbase/layout_direction.h"
 
+#ifdef __WXMSW__
+#include <cstdlib>
+
+#include <wx/msw/wrapwin.h>
+#endif
+
 namespace {
+
+/// What wxWidgets ends with where the toolkit does not start, too.
+constexpr int kNotStarted = 255;
 
 class DesktopApp : public wxApp {
 public:
+  explicit DesktopApp(StartOptions options) : m_options(std::move(options)) {}
+
   bool OnInit() override {
     SetAppName("framenote");
     SetAppDisplayName("Framenote");
@@ -37,16 +51,13 @@ public:
     TalSetLayoutDirection(wxLayout_LeftToRight);
     wxInitAllImageHandlers();
     wxImage::SetDefaultLoadFlags(wxImage::GetDefaultLoadFlags() & ~wxImage::Load_Verbose);
-    if (!wxApp::OnInit()) return false;
     auto *const frame = new MainFrame(RecoveryFolder());  // owned by itself
     frame->SetIcons(AppIcons());
     frame->Show();
-    std::string const path = m_path;
-    std::string const document = m_document;
     // When the window is there, since both may ask.
-    frame->CallAfter([frame, path, document] {
+    frame->CallAfter([frame, options = m_options] {
       frame->OfferRecovery();
-      if (!path.empty()) frame->OpenPath(path, document);
+      if (!options.file.empty()) frame->OpenPath(options.file, options.document);
     });
     return true;
   }
@@ -54,31 +65,73 @@ public:
   /// The language's, which the locale need not have: it may not be there on this machine.
   wxLayoutDirection GetLayoutDirection() const override { return m_direction; }
 
-  void OnInitCmdLine(wxCmdLineParser &parser) override {
-    wxApp::OnInitCmdLine(parser);
-    parser.AddSwitch(wxString(), "version", _("show the version"));
-    parser.AddOption(wxString(), "document", _("show the annotations of this document on it"));
-    parser.AddParam(_("picture, video or project"), wxCMD_LINE_VAL_STRING,
-                    wxCMD_LINE_PARAM_OPTIONAL);
-  }
-
-  bool OnCmdLineParsed(wxCmdLineParser &parser) override {
-    if (parser.Found("version")) {
-      wxPuts("framenote " FRAMENOTE_VERSION);
-      return false;
-    }
-    wxString document;
-    if (parser.Found("document", &document)) m_document = BytesOfPath(document);
-    if (parser.GetParamCount() > 0) m_path = BytesOfPath(parser.GetParam(0));
-    return wxApp::OnCmdLineParsed(parser);
-  }
-
 private:
+  StartOptions m_options;
   wxLayoutDirection m_direction = wxLayout_Default;
-  std::string m_path;
-  std::string m_document;
 };
+
+/// Says what is wrong with the arguments, or what they ask for beside the window. There need not be
+/// a display.
+int Answer(StartOptions const &options, Message const &problem) {
+  wxInitializer const session;
+  if (!session.IsOk()) return kNotStarted;
+  UseUserLanguage();
+  if (!problem.IsEmpty()) {
+    TellStarter("framenote: " + problem.Translated() + "\n", true);
+    return kNotStarted;
+  }
+  bool const isHelp = options.action == StartOptions::Action::ShowHelp;
+  TellStarter(isHelp ? StartUsage() : "framenote " FRAMENOTE_VERSION "\n", false);
+  return 0;
+}
+
+/// What main was started with, for the app, which wxWidgets makes.
+StartOptions &Started() {
+  static StartOptions options;
+  return options;
+}
+
+wxAppConsole *MakeApp() {
+  return new DesktopApp(Started());  // owned by wxWidgets
+}
+
+/// Whether the window is to be shown, by wxEntry; else `code` is the program's exit code.
+bool IsWindowWanted(int argc, char **argv, int &code) {
+  StartOptions &options = Started();
+  Message const problem = ReadStartOptions({argv + 1, argv + argc}, options);
+  if (!problem.IsEmpty() || options.action != StartOptions::Action::ShowWindow) {
+    code = Answer(options, problem);
+    return false;
+  }
+  wxDISABLE_DEBUG_SUPPORT();
+  wxAppConsole::CheckBuildOptions(WX_BUILD_OPTIONS_SIGNATURE, "framenote");
+  // Not before: without a display, what is answered must not start the toolkit. Nor made here: with
+  // an app, wxWidgets would show in a window that there is no display.
+  wxApp::SetInitializerFunction(MakeApp);
+  return true;
+}
 
 }  // namespace
 
-wxIMPLEMENT_APP(DesktopApp);
+#ifdef __WXMSW__
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE previous, char *, int show) {
+  int code = 0;
+  if (!IsWindowWanted(__argc, __argv, code)) return code;
+  return wxEntry(instance, previous, nullptr, show);
+}
+
+#else
+
+int main(int argc, char **argv) {
+  int code = 0;
+  if (!IsWindowWanted(argc, argv, code)) return code;
+  // The others are read, and wxWidgets warns of paths that are not text.
+  std::vector<char *> arguments = {argv[0]};
+  for (std::string &argument : Started().toolkit) arguments.push_back(argument.data());
+  int count = static_cast<int>(arguments.size());
+  arguments.push_back(nullptr);
+  return wxEntry(count, arguments.data());
+}
+
+#endif

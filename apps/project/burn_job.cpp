@@ -106,6 +106,7 @@ BurnResult RunBurnJob(MediaSource &source, wxJSONValue const &document,
   FrameBurner burner(source, document, settings.look);
   BurnResult result;
   result.source = source.Path();
+  result.objectsLeftOut = burner.LeftOut();
   Pace const pace(settings.range.Count());
   auto const tell = [&](std::int64_t done) { return !progress || progress(pace.At(done)); };
 

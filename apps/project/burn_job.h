@@ -36,8 +36,10 @@ struct BurnProgress {
 struct BurnResult {
   std::string source;                       ///< the path of what was burnt into
   std::vector<std::int64_t> damagedFrames;  ///< that the decoder had to make up in part
-  Message problem;                          ///< what of the source the output lacks; empty: nothing
-  wxJSONValue report;                       ///< null if none was asked for
+  /// Objects of the document that are not in the output: they cannot be read, or leave no trace.
+  int objectsLeftOut = 0;
+  Message problem;     ///< what of the source the output lacks; empty: nothing
+  wxJSONValue report;  ///< null if none was asked for
 };
 
 /// Burns the annotations of `document` into frames of `source` and writes the output, whole or not

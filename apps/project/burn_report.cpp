@@ -71,6 +71,7 @@ wxJSONValue BurnReport::ToJSON(AnnotationTool const &tool, BurnResult const &res
   wxJSONValue damaged(wxJSONTYPE_ARRAY);
   for (std::int64_t const frame : result.damagedFrames) damaged.Append(Number(frame));
   report.Set("damagedFrames", damaged);
+  if (result.objectsLeftOut > 0) report.Set("objectsLeftOut", result.objectsLeftOut);
   if (!result.problem.IsEmpty()) {
     report.Set("problem", wxString::FromUTF8(result.problem.English()));
   }

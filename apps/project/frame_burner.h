@@ -28,6 +28,9 @@ public:
   /// std::bad_alloc; nothing is given out unhidden.
   Picture Burn(std::int64_t frame, Picture picture);
 
+  /// How many objects of the document are not there: they cannot be read, or leave no trace.
+  int LeftOut() const { return m_leftOut; }
+
   /// With the document, for questions about its objects.
   AnnotationTool const &Tool() const { return *m_tool; }
 
@@ -35,4 +38,5 @@ private:
   MediaSource const &m_source;
   BurnLook m_look;
   std::shared_ptr<AnnotationTool> m_tool;
+  int m_leftOut = 0;
 };

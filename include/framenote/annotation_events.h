@@ -22,7 +22,7 @@ class wxToggleButton;
 /// A drawing starts on a video.
 class FRAMENOTE_API AnnotationStartedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationStartedEvent(wxEventType type, std::int64_t frame);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
@@ -34,7 +34,7 @@ private:
 /// An object became the selected one.
 class FRAMENOTE_API AnnotationObjectSelectedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationObjectSelectedEvent(wxEventType type, std::int64_t frame, bool isNew);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   std::int64_t FrameIndex() const { return m_frame; }  ///< the current frame when it was posted
@@ -49,7 +49,7 @@ private:
 /// The selection went to none.
 class FRAMENOTE_API AnnotationObjectDeselectedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   explicit AnnotationObjectDeselectedEvent(wxEventType type);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
@@ -58,7 +58,7 @@ public:
 /// AnnotationTool::FromJSON reads.
 class FRAMENOTE_API AnnotationJsonChangedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationJsonChangedEvent(wxEventType type, wxJSONValue const &json);
   wxEvent *Clone() const override;                ///< for event queues; the caller owns the copy
   wxString Key() const { return m_annotateKey; }  ///< "Annotate"
@@ -77,7 +77,7 @@ public:
   /// First frame, last frame (inclusive), colour.
   using Ranges = std::vector<std::tuple<std::int64_t, std::int64_t, wxColour>>;
 
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationFrameRangeChangedEvent(wxEventType type, Ranges const &ranges, int selectedIndex);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   /// one per object, in the order of AnnotationObjects()
@@ -96,7 +96,7 @@ public:
   /// ToStart is also what a jump to the previous or next object carries.
   enum Direction { ToStart = 0, ToEnd = 1 };
 
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationGoToFrameEvent(wxEventType type, enum Direction direction, std::int64_t frame);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
   /// which end was asked for
@@ -112,7 +112,7 @@ private:
 /// The in-place text editor opened.
 class FRAMENOTE_API AnnotationTextEditionStartedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   explicit AnnotationTextEditionStartedEvent(wxEventType type);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
@@ -120,7 +120,7 @@ public:
 /// The in-place text editor closed.
 class FRAMENOTE_API AnnotationTextEditionFinishedEvent : public wxCommandEvent {
 public:
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   explicit AnnotationTextEditionFinishedEvent(wxEventType type);
   wxEvent *Clone() const override;  ///< for event queues; the caller owns the copy
 };
@@ -130,7 +130,7 @@ public:
 class FRAMENOTE_API AnnotationToolSelectedEvent : public wxCommandEvent {
 public:
   AnnotationToolSelectedEvent();  ///< of no tool: the palette fills in nothing
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationToolSelectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
   wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
   Types ToolModeId() const { return m_mode; }  ///< the tool of the button
@@ -143,7 +143,7 @@ private:
 class FRAMENOTE_API AnnotationToolDeselectedEvent : public wxCommandEvent {
 public:
   AnnotationToolDeselectedEvent();  ///< of no tool: the palette fills in nothing
-  /// Made by the tool; `type` is the event\'s identifier.
+  /// Made by the tool; `type` is the event's identifier.
   AnnotationToolDeselectedEvent(wxEventType type, wxObject *eventObject, int id, Types mode);
   wxEvent *Clone() const override;             ///< for event queues; the caller owns the copy
   Types ToolModeId() const { return m_mode; }  ///< the tool of the button

@@ -97,7 +97,8 @@ public:
   wxStockCursor ProcessMouseEvent(wxPoint const &position, wxMouseEvent const &event, double scale,
                                   wxPoint2DDouble const &offset);
   /// Paints the frame's objects, the one being drawn, and the markers; the graphics-context painter
-  /// on `window`, the other one on `dc`.
+  /// on `window`, the other one on `dc`, whose own scale is 1. For the paint handler, after the
+  /// picture. Menus, editor and repaints go to that window from then on. Throws as SetImage.
   void Draw(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
   /// Paints the selected object alone, where it is present, and its markers.
   void DrawOnlySelected(wxDC &dc, wxWindow *window, wxPoint2DDouble const &offset, double scale);
@@ -108,8 +109,7 @@ public:
 
   /// Makes a mode active; General and values without a mode are ignored. Ends an open editor.
   void SetActiveTool(Types mode);
-  /// the same; null is ignored
-  void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);
+  void SetActiveTool(std::shared_ptr<IAnnotationToolMode> const &mode);  ///< null is ignored
   ToolModes const &GetToolModes() const;  ///< each with the look of its next object
   std::shared_ptr<IAnnotationToolMode> const &GetActiveTool() const;  ///< never null
 
@@ -134,8 +134,9 @@ public:
   wxColour GetExtensionColor() const;  ///< wxNullColour: none
   /// wxNullColour means that burnt-in frames are not extended past the picture.
   void SetExtensionColour(wxColour const &colour);
-  void SetSelectedsAnnotationStart(
-      std::int64_t frame);                             ///< of the selected object, if there is one
+  /// Sets the first frame of the selected object, if there is one, and pushes the last one ahead.
+  /// The host is told; frames are not checked against the media.
+  void SetSelectedsAnnotationStart(std::int64_t frame);
   void SetSelectedsAnnotationEnd(std::int64_t frame);  ///< the same for its last frame
   /// Starts at `start`; an object of one frame then lasts until `end`, any other keeps its end.
   void SetSelectedsAnnotationFromFrame(std::int64_t start, std::int64_t end);
@@ -144,16 +145,17 @@ public:
 
   // --- For the host: document and output ---
 
-  /// Fills the annotation value into `value`.
+  /// Fills the members of the annotation value, which is what "Annotate" holds, into `value`.
   void ToJSON(wxJSONValue &value) const;
-  /// Replaces the whole state by a document, an object with the member "Annotate". Objects that
-  /// cannot be read are left out. The text macros are emptied.
+  /// Replaces all but picture and configuration by a document, an object with the member
+  /// "Annotate", without which the tool is empty. Objects that cannot be read are left out. The
+  /// position is frame 0; text macros, clipboard and window are forgotten.
   void FromJSON(wxJSONValue const &document, std::int64_t frameCount);
-  /// The annotation value as of the last change.
+  /// The annotation value as of the last change: what "Annotate" holds in a document.
   wxJSONValue const &GetJSON() const;
   /// Brings the document up to date and posts an event if it changed.
   void OnJsonChanged();
-  /// Takes over the picture and the annotations of `other`.
+  /// Takes over the picture of `other`, sharing the pixels, and its annotations, as FromJSON does.
   void CloneFrom(AnnotationTool &other);
   /// `frame` with the annotations of `info.frameIndex` burnt in. `frame` is the tool's picture
   /// afterwards. Not to be called while another call on the tool runs. An invalid image if `frame`
@@ -184,14 +186,13 @@ public:
 
   // --- For the modes, the panel and the objects ---
 
-  void UpdatePanelOnObjectSelected(Types mode);  ///< the panel shows the tool and its properties
-  void UpdatePanelControls(Types mode);          ///< the panel shows what has changed
-  void OnAnnImageNotSet();                       ///< the panel asks for a picture
-  /// Posts AnnotationObjectSelectedEvent.
-  void OnObjectSelected(bool isNew);
-  void SendAnnotationFrameRangeChangedEvent();                                 ///< posts that event
-  void SendAnnotationTextEditionStartedEvent();                                ///< posts that event
-  void SendAnnotationTextEditionFinishedEvent();                               ///< posts that event
+  void UpdatePanelOnObjectSelected(Types mode);   ///< the panel shows the tool and its properties
+  void UpdatePanelControls(Types mode);           ///< the panel shows what has changed
+  void OnAnnImageNotSet();                        ///< the panel asks for a picture
+  void OnObjectSelected(bool isNew);              ///< posts AnnotationObjectSelectedEvent
+  void SendAnnotationFrameRangeChangedEvent();    ///< posts that event
+  void SendAnnotationTextEditionStartedEvent();   ///< posts that event
+  void SendAnnotationTextEditionFinishedEvent();  ///< posts that event
   void SendAnnotationToolSelectedEvent(wxToggleButton *button, Types mode);    ///< posts that event
   void SendAnnotationToolDeselectedEvent(wxToggleButton *button, Types mode);  ///< posts that event
 

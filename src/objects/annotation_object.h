@@ -34,7 +34,7 @@ public:
   /// Paints the selection outline with its handles.
   virtual void DrawSelected(std::unique_ptr<IAnnPainter> &painter, wxPoint2DDouble const &offset,
                             double scale) const = 0;
-  /// The hit test.
+  /// Whether a press at `point` takes the object, in its current frame.
   virtual bool Contains(wxPoint2DInt const &point) const = 0;
   /// Whether `point` lies on a resize handle. If so the handle becomes the active one, and
   /// `cursor` the cursor to show; otherwise `cursor` stays.
@@ -45,7 +45,7 @@ public:
   virtual void MoveFor(wxPoint2DInt const &delta) = 0;
   /// Moves the object in every frame.
   virtual void MoveAllFramesFor(wxPoint2DInt const &delta) = 0;
-  /// The pointer went down on a handle.
+  /// The pointer went down on the handle that IsAtResizePoint or IsAtRotationPoint found.
   virtual void PrepareResizing() = 0;
   /// Whether the object as it stands leaves no visible trace.
   virtual bool WouldDisappear() const = 0;

@@ -35,8 +35,9 @@ public:
   IAnnPainter &operator=(IAnnPainter const &) = delete;
   virtual ~IAnnPainter();
 
-  /// A painter on `dc` (DeviceContext) or on `object`, a window or memory DC (GraphicsContext).
-  /// Null for any other type.
+  /// A painter on `dc` (DeviceContext) or on `object`, a window or memory DC (GraphicsContext);
+  /// neither is owned, and both outlive it. `scale` is surface pixels per picture pixel. Null for
+  /// any other type.
   static std::unique_ptr<IAnnPainter> CreateAnnPainter(AnnPainterType type, wxDC &dc,
                                                        wxObject *object, double scale);
 
@@ -103,7 +104,7 @@ public:
   /// From now on DrawBitmap puts bitmaps on whole pixels, the ones that hold the given corner: for
   /// frames whose objects are painted about the middles of pixels, while bitmaps are pixels.
   void KeepBitmapsOnPixels() { m_keepsBitmapsOnPixels = true; }
-  /// Measures, paints nothing.
+  /// Measures text, in picture pixels, and paints nothing.
   virtual void GetTextExtent(wxString const &text, wxFont const &font, double &width,
                              double &height, double &externalLeading) = 0;
 

@@ -195,6 +195,14 @@ inline void ExpectFailure(Outcome const &outcome, int code, std::string const &w
   EXPECT_EQ(outcome.err.empty() ? '\0' : outcome.err.back(), '\n');
 }
 
+/// What the program says of a document some of whose objects are not in the output.
+inline std::string LeftOutText(std::string const &document, int count) {
+  if (count == 0) return {};
+  return "framenote-burn: warning: '" + document +
+         "': objects that cannot be read, or would leave no trace, are left out: " +
+         std::to_string(count) + "\n";
+}
+
 inline void ExpectSuccess(Outcome const &outcome) {
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out, "");

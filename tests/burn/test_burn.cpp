@@ -2,6 +2,7 @@
 // Runs framenote-burn as a process, as its users do.
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "burn/burn_fixture.h"
+#include "talbase/json_text.h"
 
 namespace framenote::test {
 
@@ -141,7 +143,9 @@ TEST_F(Burn, BadObjectsDoNotCostTheGoodOnes) {
   WriteAll(In("doc.json"), Document(R"({"Id":99},5,null,"x",[1],{"Id":2},)"
                                     R"({"Id":2,"Coordinates":[{"TopLeft":"x","Range":[5,1]}]},)" +
                                     RedShape("0", "0", kOnWholePixels) + R"(,{"Id":"2"})"));
-  ExpectSuccess(RunProgram(Usual()));
+  Outcome const outcome = RunProgram(Usual());
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.err, LeftOutText(In("doc.json"), 8));
   ExpectRectangleOnGround(Result());
 }
 
@@ -184,6 +188,21 @@ TEST_F(Burn, AFileTooLargeToReadGivesOneAtOnce) {
   fs::resize_file(In("large"), std::uintmax_t{3} << 30);  // sparse: it takes no room
   ExpectFailure(RunProgram(Usual({}, "large")), 1, "too large");
   ExpectFailure(RunProgram(Usual({}, "doc.json", "large")), 1, In("large"));
+}
+
+TEST_F(Burn, ObjectsThatAreLeftOutAreToldAndTheOthersBurnt) {
+  std::string const lost =
+      R"({"Id":6,"Properties":{"FileName":"/nowhere/logo.png"},"Rectangle":{}},{"Id":99})";
+  WriteAll(In("some.json"), Document(lost + "," + RedShape("0", "0", kOnWholePixels)));
+  Outcome const outcome = RunProgram(Usual({"--report", In("report.json")}, "some.json"));
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, LeftOutText(In("some.json"), 2));
+  EXPECT_EQ(JsonFromUtf8(ReadAll(In("report.json"))).ItemAt("objectsLeftOut").AsInt(), 2);
+  wxImage const some = Result();
+  ExpectSuccess(RunProgram(Usual()));
+  wxImage const whole = Result();
+  EXPECT_EQ(std::memcmp(some.GetData(), whole.GetData(), std::size_t{3} * kWidth * kHeight), 0);
 }
 
 TEST_F(Burn, ACutOffJpegIsBurntAsFarAsItGoesWithOneLineOfWarning) {

@@ -1,107 +1,31 @@
 // SPDX-License-Identifier: MIT
 // Drives minimal_host as a user does: the program runs as a process, and the mouse and the keys go
 // through the X server.
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
-#include <map>
-#include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <wx/app.h>
-#include <wx/frame.h>
-#include <wx/image.h>
-#include <wx/menu.h>
-#include <wx/sizer.h>
-#include <wx/tglbtn.h>
-#include <wx/uiaction.h>
+#include <wx/defs.h>
 
 #include <gtest/gtest.h>
 
-#include "framenote/annotation_panel.h"
-#include "framenote/annotation_tool.h"
-#include "support/host_process.h"
-#include "support/screen_windows.h"
-#include "support/window_ping.h"
+#include "support/host_on_screen.h"
 #include "talbase/json_text.h"
+
+namespace framenote::test {
 
 namespace {
 
-namespace fs = std::filesystem;
-using std::chrono::milliseconds;
-
 constexpr int kZoom = 2;
-constexpr milliseconds kStep(20);  ///< longer than the toolkit holds a motion back to merge it
-constexpr milliseconds kPatience(30000);
-constexpr int kShapeList = 10;       ///< the palette's list of shapes
 constexpr double kPrecision = 1e-6;  ///< picture pixels
 
-std::string ReadAll(fs::path const &path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-bool WaitUntil(std::function<bool()> const &isReached, milliseconds patience = kPatience) {
-  auto const deadline = std::chrono::steady_clock::now() + patience;
-  while (!isReached()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    std::this_thread::sleep_for(milliseconds(10));
-  }
-  return true;
-}
-
-class MinimalHost : public testing::Test {
+class MinimalHost : public EditingHost {
 protected:
-  void SetUp() override {
-    std::string folder = (fs::temp_directory_path() / "framenote-host-XXXXXX").string();
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    m_folder = folder;
-    // The mouse simulator asks a window on the screen for its scale. Destroyed in TearDown.
-    m_frame = new wxFrame(nullptr, wxID_ANY, "", wxPoint(1200, 900), wxSize(20, 20));
-    m_frame->ShowWithoutActivating();
-    wxYield();
-    wxImage picture(400, 300);
-    picture.SetRGB(wxRect(0, 0, 400, 300), 240, 240, 240);
-    ASSERT_TRUE(picture.SaveFile((m_folder / "in.png").string(), wxBITMAP_TYPE_PNG));
-    FindControls();
-    FindPicture();
+  MinimalHost() : EditingHost(wxSize(1000, 760), kZoom) {}
+
+  HostProcess::Arguments Command(std::string const &document) const override {
+    return {FRAMENOTE_MINIMAL_HOST_PROGRAM, SavePicture("in.png", 240), document,
+            std::to_string(100 * kZoom)};
   }
-
-  void TearDown() override {
-    m_host.reset();
-    if (m_frame != nullptr) m_frame->Destroy();
-    std::error_code ignored;
-    fs::remove_all(m_folder, ignored);
-  }
-
-  void Start(std::string const &document) {
-    m_host.reset();
-    m_document = m_folder / document;
-    framenote::test::ScreenWindows const before;
-    m_host = std::make_unique<framenote::test::HostProcess>(framenote::test::HostProcess::Arguments{
-        FRAMENOTE_MINIMAL_HOST_PROGRAM, (m_folder / "in.png").string(), m_document.string(),
-        std::to_string(100 * kZoom)});
-    m_mouse.MouseMove(300, 300);
-    // The window is there as soon as it answers the key for saving.
-    bool const answers = WaitUntil([this] { return !TrySave(milliseconds(500)).empty(); });
-    ASSERT_TRUE(answers) << (m_host->IsRunning() ? "no window" : "the program ended");
-    m_window = before.NewOne();
-    m_ping = std::make_unique<framenote::test::WindowPing>(before.NewId());
-  }
-
-  /// Saves with the keyboard and returns the document's text.
-  std::string Save() { return TrySave(kPatience); }
-
-  wxJSONValue SavedObjects() { return JsonFromUtf8(Save()).ItemAt("Annotate").ItemAt("Objects"); }
 
   /// The corners of the first object, clockwise from the top left.
   std::vector<double> SavedCorners() {
@@ -114,13 +38,6 @@ protected:
     return corners;
   }
 
-  void Key(int key) {
-    m_mouse.Char(key);
-    WaitForHost();
-  }
-
-  /// Presses the button of a tool in the palette.
-  void UseTool(Types tool) { ClickControl(static_cast<int>(tool), 0.5); }
   /// For the next shape: the tool is left and taken again, as a list changes what is selected.
   void ChooseEllipse() {
     UseTool(Types::Shape);
@@ -129,127 +46,6 @@ protected:
     Key(WXK_DOWN);
     Key(WXK_RETURN);
   }
-
-  void MoveTo(wxPoint const &point) {
-    m_mouse.MouseMove(m_origin + point * kZoom);
-    WaitForHost();
-  }
-
-  void Drag(std::vector<wxPoint> const &points) {
-    MoveTo(points.front());
-    m_mouse.MouseDown();
-    for (std::size_t i = 1; i < points.size(); ++i) MoveTo(points[i]);
-    m_mouse.MouseUp();
-    WaitForHost();
-  }
-
-  void Click(wxPoint const &point) { Drag({point}); }
-
-  std::unique_ptr<framenote::test::HostProcess> m_host;
-
-private:
-  std::string TrySave(milliseconds patience) {
-    std::error_code ignored;
-    auto const longAgo = fs::file_time_type::clock::now() - std::chrono::hours(24);
-    fs::last_write_time(m_document, longAgo, ignored);
-    m_mouse.Char('S', wxMOD_CONTROL);
-    std::string text;
-    bool const isSaved = WaitUntil(
-        [&] {
-          text = ReadAll(m_document);
-          return JsonFromUtf8(text).IsValid() &&
-                 fs::last_write_time(m_document, ignored) != longAgo;
-        },
-        patience);
-    if (!isSaved) text.clear();
-    return text;
-  }
-
-  /// Clicks on a control of the host's palette, at a share of its width.
-  void ClickControl(int id, double share) {
-    wxRect const control = m_controls.at(id);
-    m_mouse.MouseMove(m_window.GetPosition() + control.GetPosition() +
-                      wxPoint(wxRound(share * control.width), control.height / 2));
-    WaitForHost();
-    m_mouse.MouseClick();
-    WaitForHost();
-  }
-
-  /// Until the host has acted on all events, however busy the machine is. It answers when it has
-  /// read them; a motion that the toolkit held back is delivered before the second answer.
-  void WaitForHost() {
-    for (int time = 0; time < 2; ++time) {
-      std::this_thread::sleep_for(kStep);
-      EXPECT_TRUE(m_ping->IsAnswered(kPatience));
-    }
-  }
-
-  static void Settle() {
-    for (int i = 0; i < 20; ++i) {
-      wxYield();
-      std::this_thread::sleep_for(milliseconds(10));
-    }
-  }
-
-  /// Lays a window out as the host does, which runs in another process, to learn where the controls
-  /// of its palette are.
-  void FindControls() {
-    wxFrame frame(nullptr, wxID_ANY, "", wxPoint(0, 0), wxSize(1000, 760));
-    auto const tool =
-        std::make_shared<AnnotationTool>(AnnotationToolConfig(false, false, true, true, false, {}));
-    wxEvtHandler sink;
-    AnnotationPanel *const panel = tool->InitGui(&frame, &sink, tool);
-    frame.SetMenuBar(new wxMenuBar);                     // owned by the frame
-    frame.GetMenuBar()->Append(new wxMenu, "Document");  // owned by the bar
-    auto *const sizer = new wxBoxSizer(wxHORIZONTAL);    // owned by the frame
-    sizer->AddStretchSpacer();
-    sizer->Add(panel, 0, wxEXPAND);
-    frame.SetSizer(sizer);
-    frame.Show();
-    Settle();
-    auto const note = [&](int id) {
-      wxRect rect = wxWindow::FindWindowById(id, panel)->GetScreenRect();
-      rect.Offset(-frame.GetScreenPosition());
-      m_controls[id] = rect;
-    };
-    for (Types const type :
-         {Types::Shape, Types::Arrow, Types::Pencil, Types::Hide, Types::Magnify}) {
-      note(static_cast<int>(type));
-    }
-    auto *const shapes = dynamic_cast<wxToggleButton *>(
-        wxWindow::FindWindowById(static_cast<int>(Types::Shape), panel));
-    shapes->SetValue(true);
-    wxCommandEvent pressed(wxEVT_TOGGLEBUTTON, shapes->GetId());
-    pressed.SetEventObject(shapes);
-    shapes->ProcessWindowEvent(pressed);
-    Settle();
-    note(kShapeList);
-    tool->UnlinkGui();
-  }
-
-  /// Learns where the picture is on the screen, from a rectangle that is drawn at a known place of
-  /// the screen.
-  void FindPicture() {
-    ASSERT_NO_FATAL_FAILURE(Start("place.json"));
-    m_origin = wxPoint(0, 0);
-    UseTool(Types::Shape);
-    Drag({{100, 100}, {150, 120}, {200, 150}});
-    std::vector<double> const corners = SavedCorners();
-    m_origin = wxPoint(kZoom * (100 - wxRound(corners[0])), kZoom * (100 - wxRound(corners[1])));
-    // A drag over 200 x 100 pixels of the screen is half of that in the picture.
-    ASSERT_EQ(corners[4] - corners[0], 100.0);
-    ASSERT_EQ(corners[5] - corners[1], 50.0);
-    m_host.reset();
-  }
-
-  fs::path m_folder;
-  fs::path m_document;
-  wxRect m_window;                   ///< of the host, on the screen
-  std::map<int, wxRect> m_controls;  ///< of its palette, from the corner of its window
-  std::unique_ptr<framenote::test::WindowPing> m_ping;  ///< of the host's window
-  wxPoint m_origin;
-  wxFrame *m_frame = nullptr;
-  wxUIActionSimulator m_mouse;
 };
 
 void ExpectCorners(std::vector<double> const &corners, std::vector<double> const &expected) {
@@ -265,20 +61,14 @@ void ExpectRectangle(std::vector<double> const &corners, double left, double top
   ExpectCorners(corners, {left, top, right, top, right, bottom, left, bottom});
 }
 
-void ExpectPoint(wxJSONValue const &value, int x, int y) {
-  ASSERT_EQ(value.Size(), 2);
-  EXPECT_EQ(value.ItemAt(0).AsInt(), x);
-  EXPECT_EQ(value.ItemAt(1).AsInt(), y);
-}
-
 TEST_F(MinimalHost, ARectangleIsDrawnMovedResizedAndTurnedWithTheMouse) {
-  ASSERT_NO_FATAL_FAILURE(Start("document.json"));
+  ASSERT_NO_FATAL_FAILURE(Start());
   UseTool(Types::Shape);
-  Drag({{100, 80}, {150, 120}, {180, 140}});
+  DragInPicture({{100, 80}, {150, 120}, {180, 140}});
   ExpectRectangle(SavedCorners(), 100, 80, 180, 140);
 
   // Saving ends the selection; the border is where a hollow shape can be taken.
-  Drag({{120, 82}, {125, 90}, {130, 97}});
+  DragInPicture({{120, 82}, {125, 90}, {130, 97}});
   ExpectRectangle(SavedCorners(), 110, 95, 190, 155);
 
   struct {
@@ -297,34 +87,34 @@ TEST_F(MinimalHost, ARectangleIsDrawnMovedResizedAndTurnedWithTheMouse) {
   int number = 0;
   for (auto const &row : handles) {
     SCOPED_TRACE("handle " + std::to_string(++number));
-    Click(row.select);
-    Drag({row.from, (row.from + row.to) / 2, row.to});
+    ClickInPicture(row.select);
+    DragInPicture({row.from, (row.from + row.to) / 2, row.to});
     ExpectRectangle(SavedCorners(), row.left, row.top, row.right, row.bottom);
   }
 
   // The rotation handle is 30 pixels of the screen above the top side. Dragged to the right of
   // the centre (150, 125), it turns the shape by a quarter.
-  Click({82, 90});
-  Drag({{150, 50}, {220, 60}, {250, 125}});
+  ClickInPicture({82, 90});
+  DragInPicture({{150, 50}, {220, 60}, {250, 125}});
   ExpectCorners(SavedCorners(), {210, 55, 210, 195, 90, 195, 90, 55});
 }
 
 TEST_F(MinimalHost, EachToolMakesItsKindOfObject) {
-  ASSERT_NO_FATAL_FAILURE(Start("document.json"));
+  ASSERT_NO_FATAL_FAILURE(Start());
   UseTool(Types::Shape);
-  Drag({{20, 20}, {50, 40}, {80, 60}});
+  DragInPicture({{20, 20}, {50, 40}, {80, 60}});
   ChooseEllipse();
-  Drag({{120, 20}, {150, 40}, {190, 70}});
+  DragInPicture({{120, 20}, {150, 40}, {190, 70}});
   UseTool(Types::Arrow);
-  Drag({{20, 120}, {50, 130}, {90, 150}});
+  DragInPicture({{20, 120}, {50, 130}, {90, 150}});
   UseTool(Types::Pencil);
   std::vector<wxPoint> const path = {{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150},
                                      {170, 150}, {180, 140}, {190, 130}, {200, 120}, {210, 110}};
-  Drag(path);
+  DragInPicture(path);
   UseTool(Types::Hide);
-  Drag({{220, 20}, {240, 40}, {260, 70}});
+  DragInPicture({{220, 20}, {240, 40}, {260, 70}});
   UseTool(Types::Magnify);
-  Drag({{220, 120}, {240, 140}, {270, 160}});
+  DragInPicture({{220, 120}, {240, 140}, {270, 160}});
 
   // The last one drawn is in front.
   wxJSONValue const objects = SavedObjects();
@@ -369,24 +159,27 @@ TEST_F(MinimalHost, EachToolMakesItsKindOfObject) {
 }
 
 TEST_F(MinimalHost, ASecondRunRestoresTheDocumentAndSavesTheSameText) {
-  ASSERT_NO_FATAL_FAILURE(Start("document.json"));
+  ASSERT_NO_FATAL_FAILURE(Start());
   UseTool(Types::Shape);
-  Drag({{20, 20}, {50, 40}, {80, 60}});
+  DragInPicture({{20, 20}, {50, 40}, {80, 60}});
   UseTool(Types::Arrow);
-  Drag({{20, 120}, {50, 130}, {90, 150}});
+  DragInPicture({{20, 120}, {50, 130}, {90, 150}});
   UseTool(Types::Pencil);
-  Drag({{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150}, {170, 150}, {180, 140}});
+  DragInPicture(
+      {{120, 120}, {130, 125}, {140, 130}, {150, 140}, {160, 150}, {170, 150}, {180, 140}});
   std::string const first = Save();
   EXPECT_EQ(JsonFromUtf8(first).ItemAt("Annotate").ItemAt("Objects").Size(), 3);
 
-  ASSERT_NO_FATAL_FAILURE(Start("document.json"));
+  ASSERT_NO_FATAL_FAILURE(Start());
   EXPECT_EQ(Save(), first);
 
   // What was restored can be taken and moved like what was drawn.
-  Drag({{40, 22}, {45, 30}, {50, 42}});
+  DragInPicture({{40, 22}, {45, 30}, {50, 42}});
   wxJSONValue const rectangle = SavedObjects().ItemAt(2);
   ExpectPoint(rectangle.ItemAt("Coordinates").ItemAt(0).ItemAt("TopLeft"), 30, 40);
   ExpectPoint(rectangle.ItemAt("Coordinates").ItemAt(0).ItemAt("BottomRight"), 90, 80);
 }
 
 }  // namespace
+
+}  // namespace framenote::test

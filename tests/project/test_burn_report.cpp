@@ -62,6 +62,7 @@ protected:
     BurnResult result;
     result.damagedFrames = {4};
     result.problem = m_problem;
+    result.objectsLeftOut = m_objectsLeftOut;
     return report.ToJSON(*m_tool, result);
   }
 
@@ -69,6 +70,7 @@ protected:
   wxJSONValue m_document;
   std::shared_ptr<AnnotationTool> m_tool;
   std::string m_problem;
+  int m_objectsLeftOut = 0;
   bool m_goesOn = true;
 };
 
@@ -135,6 +137,8 @@ TEST_F(ABurnReport, TellsTheDocumentsFileWhereThereIsOne) {
 
 TEST_F(ABurnReport, TellsWhatIsMissing) {
   m_problem = "some of its sound is missing";
+  m_objectsLeftOut = 3;
+  EXPECT_EQ(Report().ItemAt("objectsLeftOut").AsInt(), 3);
   EXPECT_EQ(Report().ItemAt("problem").AsString(), "some of its sound is missing");
 }
 
