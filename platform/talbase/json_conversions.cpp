@@ -173,10 +173,11 @@ wxColour FromString<wxColour>(wxString const &text) {
 template <>
 wxString ToString<wxFont>(wxFont const &font) {
   if (!font.IsOk()) return wxString();
-  return wxString::Format("%s;%s;%d;%d;%d;%s", SizeText(font.GetFractionalPointSize()),
-                          StyleName(font.GetStyle()), font.GetNumericWeight(),
-                          font.GetUnderlined() ? 1 : 0, font.GetStrikethrough() ? 1 : 0,
-                          font.GetFaceName());
+  // No other size would be read again.
+  double const points = std::clamp(font.GetFractionalPointSize(), kLeastPoints, kMostPoints);
+  return wxString::Format("%s;%s;%d;%d;%d;%s", SizeText(points), StyleName(font.GetStyle()),
+                          font.GetNumericWeight(), font.GetUnderlined() ? 1 : 0,
+                          font.GetStrikethrough() ? 1 : 0, font.GetFaceName());
 }
 
 template <>

@@ -56,6 +56,8 @@ void AnnotationTool::moveMouseDefault() {
 
 void AnnotationTool::selectObject(bool isNew) {
   if (m_focused != m_objects.end()) {
+    // What an object has grown by while playing is written before it is left.
+    if (m_mediaInfo.isPlaying) onObjectsModified();
     changeSelectedTo(m_focused, isNew);
     changeFocusedToEnd();
   }

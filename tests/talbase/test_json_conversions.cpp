@@ -211,6 +211,16 @@ TEST(FontText, UnreadableTextIsTheNullFont) {
   }
 }
 
+TEST(FontText, SizeIsWrittenAsItIsReadAgain) {
+  wxFont font(wxFontInfo(12).FaceName("Sans"));
+  font.SetFractionalPointSize(0.25);
+  EXPECT_EQ(ToString<wxFont>(font), "1;normal;400;0;0;Sans");
+  EXPECT_EQ(ToString<wxFont>(FromString<wxFont>("0.25;normal;400;0;0;Sans")),
+            "1;normal;400;0;0;Sans");
+  EXPECT_EQ(ToString<wxFont>(FromString<wxFont>("20000;normal;400;0;0;Sans")),
+            "10000;normal;400;0;0;Sans");
+}
+
 TEST(FontText, NullFontRoundTrips) {
   EXPECT_EQ(ToString<wxFont>(wxNullFont), "");
   EXPECT_FALSE(FromString<wxFont>(ToString<wxFont>(wxNullFont)).IsOk());

@@ -158,6 +158,35 @@ TEST(ToolPosition, PlayingRaisesNoDocumentPerFrame) {
   EXPECT_EQ(driver.Sink().Count(wxEVT_ANN_JSON_CHANGED), 1U);
 }
 
+TEST(ToolPosition, DocumentAskedForWhilePlayingHasGeometryForEachFrame) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.GoToFrame(3, true);
+  wxJSONValue json;
+  driver.Tool().ToJSON(json);
+  EXPECT_EQ(json.ItemAt("Objects").ItemAt(0).ItemAt("EndFrame").AsInt(), 3);
+  EXPECT_EQ(RangesOf(json.ItemAt("Objects").ItemAt(0).ItemAt("Coordinates")), "[0,3]");
+}
+
+TEST(ToolPosition, ObjectThatIsLeftForAnotherWhilePlayingKeepsWhatItHasGrown) {
+  ToolDriver driver(10);
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.Tool().Deactivate();
+  driver.GoToFrame(1);
+  driver.DrawShape({220, 20}, {320, 80});
+  driver.GoToFrame(4, true);
+  driver.GoToFrame(0, true);
+  // The first object alone is in frame 0.
+  driver.Move(45, 22);
+  driver.Press(45, 22);
+  driver.Release(45, 22);
+  driver.GoToFrame(0);
+  ASSERT_EQ(driver.Selected(), driver.Object(1));
+  wxJSONValue const left = driver.Tool().GetJSON().ItemAt("Objects").ItemAt(0);
+  EXPECT_EQ(left.ItemAt("EndFrame").AsInt(), 4);
+  EXPECT_EQ(RangesOf(left.ItemAt("Coordinates")), "[0,4]");
+}
+
 TEST(ToolPosition, StopAndRewindEndsTheSelection) {
   ToolDriver driver(10);
   driver.DrawShape({20, 20}, {120, 80});
