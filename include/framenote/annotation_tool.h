@@ -134,8 +134,7 @@ public:
   wxColour GetExtensionColor() const;  ///< wxNullColour: none
   /// wxNullColour means that burnt-in frames are not extended past the picture.
   void SetExtensionColour(wxColour const &colour);
-  /// Sets the first frame of the selected object, if there is one, and pushes the last one ahead.
-  /// The host is told; frames are not checked against the media.
+  /// Sets the selected object's first frame, unchecked, which may push its last. Tells the host.
   void SetSelectedsAnnotationStart(std::int64_t frame);
   void SetSelectedsAnnotationEnd(std::int64_t frame);  ///< the same for its last frame
   /// Starts at `start`; an object of one frame then lasts until `end`, any other keeps its end.
