@@ -41,8 +41,9 @@ bool LeavesNoTrace(IAnnotationObject const &object) {
 }  // namespace
 
 void AnnotationTool::ToJSON(wxJSONValue &value) const {
-  // Playing leaves the selected object's value behind; its new frames must have geometry there.
-  if (hasSelection() && m_mediaInfo.isPlaying) (*m_selected)->OnObjectModified();
+  // In mid-gesture and while playing the selected object's value is behind: it has the new range,
+  // and no geometry for it.
+  if (hasSelection()) (*m_selected)->OnObjectModified();
   if (panel() != nullptr) panel()->ToJSON(value);
   value.Set(kExtensionColorKey, ExtensionColorToJson(m_extensionColor));
   wxJSONValue objects(wxJSONTYPE_ARRAY);

@@ -168,6 +168,20 @@ TEST(ToolPosition, DocumentAskedForWhilePlayingHasGeometryForEachFrame) {
   EXPECT_EQ(RangesOf(json.ItemAt("Objects").ItemAt(0).ItemAt("Coordinates")), "[0,3]");
 }
 
+TEST(ToolPosition, DocumentAskedForInMidDragHasGeometryForEachFrame) {
+  ToolDriver driver(10);
+  driver.GoToFrame(6);
+  driver.DrawShape({20, 20}, {120, 80});
+  driver.Tool().SetSelectedsAnnotationStart(8);
+  driver.Press(45, 22);
+  driver.Move(55, 22);
+  wxJSONValue json;
+  driver.Tool().ToJSON(json);
+  wxJSONValue const object = json.ItemAt("Objects").ItemAt(0);
+  ASSERT_EQ(object.ItemAt("StartFrame").AsInt(), 6);
+  EXPECT_EQ(object.ItemAt("Coordinates").ItemAt(0).ItemAt("Range").ItemAt(0).AsInt(), 6);
+}
+
 TEST(ToolPosition, ObjectThatIsLeftForAnotherWhilePlayingKeepsWhatItHasGrown) {
   ToolDriver driver(10);
   driver.DrawShape({20, 20}, {120, 80});
