@@ -22,7 +22,7 @@ namespace {
 
 constexpr char const *kObjectsKey = "Objects";
 /// Calls from one loading of the document to the next: it costs more than all else.
-constexpr int kCallsPerLoading = 8;
+constexpr int kCallsPerLoading = 32;
 /// By which share proportions may miss each other and still be the same.
 constexpr double kRounding = 1e-6;
 
