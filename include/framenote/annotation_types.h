@@ -30,6 +30,15 @@ enum class ToolState : int {
   Editing = 9           ///< the in-place text control is open
 };
 
+namespace framenote {
+
+/// Whether the selected object is being moved, resized or rotated.
+constexpr bool IsHandling(ToolState state) {
+  return state == ToolState::Moving || state == ToolState::Resizing || state == ToolState::Rotating;
+}
+
+}  // namespace framenote
+
 /// What the context menu offers: the identifiers of its items, in the numbering of the interface.
 enum class AnnotationCommand : int {
   Copy = 49,

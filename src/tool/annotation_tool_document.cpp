@@ -43,7 +43,8 @@ bool LeavesNoTrace(IAnnotationObject const &object) {
 void AnnotationTool::ToJSON(wxJSONValue &value) const {
   // In mid-gesture and while playing the selected object's value is behind: it has the new range,
   // and no geometry for it.
-  if (hasSelection()) (*m_selected)->OnObjectModified();
+  bool const isBehind = framenote::IsHandling(m_state) || m_mediaInfo.isPlaying;
+  if (isBehind && hasSelection()) (*m_selected)->OnObjectModified();
   if (panel() != nullptr) panel()->ToJSON(value);
   value.Set(kExtensionColorKey, ExtensionColorToJson(m_extensionColor));
   wxJSONValue objects(wxJSONTYPE_ARRAY);

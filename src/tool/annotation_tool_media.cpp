@@ -129,9 +129,7 @@ void AnnotationTool::updateSelectedForFrame(AnnotationMediaInfo const &info) {
   IAnnotationObject &object = **m_selected;
   std::int64_t const old = m_mediaInfo.frameIndex;
   growSelectedRangeTo(info.frameIndex);
-  bool const isHandled = m_state == ToolState::Moving || m_state == ToolState::Resizing ||
-                         m_state == ToolState::Rotating;
-  if (isHandled) {
+  if (framenote::IsHandling(m_state)) {
     for (std::int64_t frame = old + 1; frame < info.frameIndex; ++frame) {
       object.DuplicateLastCoordinates(frame);
     }
