@@ -184,6 +184,7 @@ private:
   void showPosition();
   void showSelection();
   void showProblem(wxString const &text);
+  wxString leftOutText() const;  ///< a line; empty: nothing was
   void warnOfOtherMedia();
 
   void onKey(wxKeyEvent &event);

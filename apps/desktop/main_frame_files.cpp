@@ -126,6 +126,7 @@ bool MainFrame::openProject(std::string const &path, Project const &project, boo
     showProblem(MediaErrorText(error));
   }
   m_canvas->ZoomToFit();
+  if (m_session->LeftOut() > 0) showProblem(leftOutText().Trim());
   warnOfOtherMedia();
   return true;
 }
@@ -157,13 +158,21 @@ std::string MainFrame::askForMedia(MediaLookup const &lookup) {
   return BytesOfPath(dialog.GetPath());
 }
 
+wxString MainFrame::leftOutText() const {
+  if (m_session->LeftOut() == 0) return {};
+  // TRANSLATORS: how many objects of the project that was opened.
+  return wxString::Format(_("Objects that cannot be read are left out, and not saved: %d"),
+                          m_session->LeftOut()) +
+         "\n";
+}
+
 // The sum of a long video is known some time after it was opened.
 void MainFrame::warnOfOtherMedia() {
   m_sumTimer.Stop();
   if (!m_session->HasMedia()) return;
   std::vector<MediaDifference> const differences = m_session->Differences();
   if (!differences.empty()) {
-    showProblem(MediaDifferenceText(differences, m_session->Source().Path()));
+    showProblem(leftOutText() + MediaDifferenceText(differences, m_session->Source().Path()));
   } else if (!m_session->IsSumKnown()) {
     m_sumTimer.StartOnce(kSumCheckMilliseconds);
   }

@@ -10,6 +10,7 @@
 #include "framenote/annotation_tool.h"
 #include "media/media_error.h"
 #include "media/picture_image.h"
+#include "project/left_out_objects.h"
 #include "project/text_macros.h"
 
 namespace {
@@ -38,6 +39,7 @@ void Session::Open(std::unique_ptr<MediaSource> source, Project const &project,
   m_expected = project.media.facts;
   m_projectPath = projectPath;
   m_tool->FromJSON(project.document, FrameCount());
+  m_leftOut = ObjectsLeftOut(project.document, *m_tool);
   m_tool->OnJsonChanged();
   m_history.Reset({m_tool->GetJSON(), -1, 0});
   if (isRestored) m_history.ForgetSaved();
@@ -51,6 +53,7 @@ void Session::Close() {
   m_source.reset();
   m_sum.reset();
   m_expected = {};
+  m_leftOut = 0;
   m_projectPath.clear();
   m_picture = wxNullImage;
   m_isDamaged = false;

@@ -56,6 +56,10 @@ public:
   std::vector<MediaDifference> Differences() const;
   bool IsSumKnown() const { return m_sum && m_sum->IsReady(); }
 
+  /// How many objects of what was opened are not there: they could not be read, or leave no trace.
+  /// They are not in what is saved.
+  int LeftOut() const { return m_leftOut; }
+
   // --- Frames ---
 
   std::int64_t Frame() const { return m_frame; }
@@ -105,6 +109,7 @@ private:
   std::unique_ptr<MediaSum> m_sum;
   MediaFacts m_expected;  ///< of the media that the project was made on
   std::string m_projectPath;
+  int m_leftOut = 0;
   History m_history;
   std::int64_t m_frame = 0;
   wxImage m_picture;

@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "framenote/annotation_events.h"
 #include "media/media_error.h"
 #include "media/picture_image.h"
+#include "project/left_out_objects.h"
 #include "project/text_macros.h"
 
 FrameBurner::FrameBurner(MediaSource const &source, wxJSONValue const &document, BurnLook look)
@@ -14,8 +14,7 @@ FrameBurner::FrameBurner(MediaSource const &source, wxJSONValue const &document,
       m_tool(std::make_shared<AnnotationTool>(AnnotationToolConfig(
           m_look.withDeviceContext, m_look.withDeviceContext, true, true, m_look.extend, {}))) {
   m_tool->FromJSON(document, source.Info().frameCount);
-  m_leftOut = document.ItemAt(AnnotationJsonChangedEvent::m_annotateKey).ItemAt("Objects").Size() -
-              static_cast<int>(m_tool->AnnotationObjects().size());
+  m_leftOut = ObjectsLeftOut(document, *m_tool);
   // Without a colour for what lies beyond it, the result has the picture's own size.
   if (!m_look.extend) m_tool->SetExtensionColour(wxNullColour);
 }

@@ -10,6 +10,7 @@
 #include <wx/dataview.h>
 #include <wx/fileconf.h>
 #include <wx/filedlg.h>
+#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
@@ -420,6 +421,28 @@ TEST_F(MainFrameTest, CommandThatIsNotThereAnyMoreDoesNothing) {
   wxCommandEvent event(wxEVT_MENU, saveAs);
   m_frame->ProcessWindowEvent(event);
   EXPECT_FALSE(fs::exists(In("nothing.framenote")));
+}
+
+TEST_F(MainFrameTest, ObjectsThatCannotBeReadAreTold) {
+  std::ofstream(In("arrow.json"))
+      << R"({"Annotate":{"Objects":[{"Id":3,"StartFrame":0,"EndFrame":0,"Properties":{},)"
+         R"("Coordinates":[{"Head":[10,10],"Tail":[50,40],"Range":[0,0]}]}]}})";
+  std::ofstream(In("damaged.json"))
+      << R"({"Annotate":{"Objects":[{"Id":3,"StartFrame":0,"EndFrame":0,"Properties":{},)"
+         R"("Coordinates":[{"Head":[10,10],"Tail":[50,40],"Range":[0,0]}]},{"Id":2},{"Id":6}]}})";
+  ASSERT_NO_FATAL_FAILURE(Start());
+  auto *const bar = FindChild<wxInfoBar>(*m_frame);
+  ASSERT_NE(bar, nullptr);
+  m_frame->OpenPath(In("clip.mkv"), In("arrow.json"));
+  Settle();
+  EXPECT_EQ(m_frame->OpenSession().LeftOut(), 0);
+  EXPECT_FALSE(bar->IsShown());
+  m_frame->OpenPath(In("clip.mkv"), In("damaged.json"));
+  Settle();
+  EXPECT_EQ(m_frame->OpenSession().LeftOut(), 2);
+  EXPECT_TRUE(bar->IsShown());
+  Key('W', wxMOD_CONTROL);
+  EXPECT_EQ(m_frame->OpenSession().LeftOut(), 0);
 }
 
 }  // namespace
