@@ -11,6 +11,7 @@
 #include <wx/filehistory.h>
 #include <wx/frame.h>
 #include <wx/infobar.h>  // a macro on Windows, so not declared here
+#include <wx/recguard.h>
 #include <wx/timer.h>
 
 #include "desktop/canvas.h"
@@ -68,6 +69,9 @@ private:
   static std::vector<Command> viewCommands();
   static std::vector<Command> helpCommands();
   static wxString nameOfKey(Command const &command);
+  /// Whether it was run. No command is run within another one: while that asks in a dialog, what it
+  /// asks about stays.
+  bool runIfEnabled(Command const &command);
 
   // Construction
   void makeWindows();
@@ -209,4 +213,5 @@ private:
   wxTimer m_sumTimer;
   bool m_hasCopied = false;  ///< an object, since this window is there
   bool m_isDraggingRange = false;
+  wxRecursionGuardFlag m_isRunning = 0;  ///< a command is
 };

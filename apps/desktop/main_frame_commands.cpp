@@ -196,7 +196,7 @@ void MainFrame::makeMenus() {
           wxEVT_MENU,
           [this, &command](wxCommandEvent &) {
             // Items are disabled when there is time for it; a key may come before that.
-            if ((this->*command.isEnabled)()) (this->*command.run)();
+            runIfEnabled(command);
           },
           item->GetId());
       Bind(
@@ -212,6 +212,13 @@ void MainFrame::makeMenus() {
   m_recent.UseMenu(recent);
   Bind(wxEVT_MENU, &MainFrame::openRecent, this, wxID_FILE1, wxID_FILE9);
   SetMenuBar(bar);
+}
+
+bool MainFrame::runIfEnabled(Command const &command) {
+  wxRecursionGuard const guard(m_isRunning);
+  if (guard.IsInside() || !(this->*command.isEnabled)()) return false;
+  (this->*command.run)();
+  return true;
 }
 
 void MainFrame::refreshMenus(wxUpdateUIEvent &event, Command const &command) {
@@ -248,9 +255,7 @@ void MainFrame::onKey(wxKeyEvent &event) {
   if (key == WXK_SPACE && isOnCanvas) return event.Skip();
   for (Command const &command : Commands()) {
     if (command.plainKey != key || command.modifiers != event.GetModifiers()) continue;
-    if (!(this->*command.isEnabled)()) continue;
-    (this->*command.run)();
-    return;
+    if (runIfEnabled(command)) return;
   }
   event.Skip();
 }

@@ -87,6 +87,8 @@ void MainFrame::openFile() {
 }
 
 void MainFrame::openRecent(wxCommandEvent &event) {
+  wxRecursionGuard const guard(m_isRunning);
+  if (guard.IsInside()) return;
   auto const index = static_cast<std::size_t>(event.GetId() - wxID_FILE1);
   if (index < m_recent.GetCount()) OpenPath(BytesOfPath(m_recent.GetHistoryFile(index)));
 }

@@ -43,6 +43,7 @@ public:
   std::string path;
   int button = wxID_CANCEL;
   std::vector<std::string> messages;
+  std::function<void()> meanwhile;  ///< while a file is chosen
 
 private:
   int Enter(wxDialog *dialog) override {
@@ -61,6 +62,7 @@ private:
       wxYield();
       wxMilliSleep(5);
     }
+    if (meanwhile) meanwhile();
     files.Hide();
     return wxID_OK;
   }
@@ -421,6 +423,22 @@ TEST_F(MainFrameTest, CommandThatIsNotThereAnyMoreDoesNothing) {
   wxCommandEvent event(wxEVT_MENU, saveAs);
   m_frame->ProcessWindowEvent(event);
   EXPECT_FALSE(fs::exists(In("nothing.framenote")));
+}
+
+TEST_F(MainFrameTest, NoCommandIsRunWhileAnotherOneAsks) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  int const close = m_frame->GetMenuBar()->FindMenuItem("File", "Close");
+  ASSERT_NE(close, wxNOT_FOUND);
+  m_answers.meanwhile = [&] {
+    wxCommandEvent event(wxEVT_MENU, close);
+    m_frame->ProcessWindowEvent(event);
+  };
+  EXPECT_EQ(Saved("work.framenote").Size(), 0);
+  EXPECT_TRUE(m_frame->OpenSession().HasMedia());
+  wxCommandEvent event(wxEVT_MENU, close);
+  m_frame->ProcessWindowEvent(event);
+  EXPECT_FALSE(m_frame->OpenSession().HasMedia());
 }
 
 TEST_F(MainFrameTest, ObjectsThatCannotBeReadAreTold) {
