@@ -128,7 +128,8 @@ bool MainFrame::openProject(std::string const &path, Project const &project, boo
     showProblem(MediaErrorText(error));
   }
   m_canvas->ZoomToFit();
-  if (m_session->LeftOut() > 0) showProblem(leftOutText().Trim());
+  wxString const leftOut = leftOutText();
+  if (!leftOut.empty()) showProblem(leftOut);
   warnOfOtherMedia();
   return true;
 }
@@ -164,8 +165,7 @@ wxString MainFrame::leftOutText() const {
   if (m_session->LeftOut() == 0) return {};
   // TRANSLATORS: how many objects of the project that was opened.
   return wxString::Format(_("Objects that cannot be read are left out, and not saved: %d"),
-                          m_session->LeftOut()) +
-         "\n";
+                          m_session->LeftOut());
 }
 
 // The sum of a long video is known some time after it was opened.
@@ -174,7 +174,10 @@ void MainFrame::warnOfOtherMedia() {
   if (!m_session->HasMedia()) return;
   std::vector<MediaDifference> const differences = m_session->Differences();
   if (!differences.empty()) {
-    showProblem(leftOutText() + MediaDifferenceText(differences, m_session->Source().Path()));
+    // In one message: another one would take the place of what was said on opening.
+    wxString const leftOut = leftOutText();
+    showProblem((leftOut.empty() ? leftOut : leftOut + "\n") +
+                MediaDifferenceText(differences, m_session->Source().Path()));
   } else if (!m_session->IsSumKnown()) {
     m_sumTimer.StartOnce(kSumCheckMilliseconds);
   }

@@ -124,7 +124,11 @@ void HostInvariants::Begin() {
 }
 
 void HostInvariants::require(bool holds, char const *what) const {
-  if (!holds) Fail(std::string("after ") + m_call + ": " + what);
+  if (!holds) fail(what);
+}
+
+void HostInvariants::fail(std::string const &what) const {
+  Fail(std::string("after ") + m_call + ": " + what);
 }
 
 void HostInvariants::Check(HostSession &session, char const *call, bool isLast) {
@@ -191,8 +195,8 @@ void HostInvariants::checkMirrors(AnnotationTool const &tool) const {
     wxJSONValue const before = object->ToJSON();
     object->OnObjectModified();
     if (before.IsSameAs(object->ToJSON())) continue;
-    std::string const written = JsonToUtf8(before) + ", and is " + JsonToUtf8(object->ToJSON());
-    require(false, ("an object differs from what is written of it: " + written).c_str());
+    fail("an object differs from what is written of it: " + JsonToUtf8(before) + ", and is " +
+         JsonToUtf8(object->ToJSON()));
   }
 }
 
@@ -247,8 +251,8 @@ void HostInvariants::compareLoaded(wxJSONValue const &written, wxJSONValue const
       continue;
     }
     if (MayBeLeftOut(element)) continue;
-    std::string const read = JsonToUtf8(element) + ", and is " + JsonToUtf8(after.ItemAt(next));
-    require(false, ("an object is lost or changed by saving and loading: " + read).c_str());
+    fail("an object is lost or changed by saving and loading: " + JsonToUtf8(element) +
+         ", and is " + JsonToUtf8(after.ItemAt(next)));
   }
   require(next == after.Size(), "loading makes objects");
   require(written.ItemAt("ExtensionColor").IsSameAs(loaded.ItemAt("ExtensionColor")),

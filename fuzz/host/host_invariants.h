@@ -33,6 +33,7 @@ private:
   void checkLoading(HostSession &session);
   void compareLoaded(wxJSONValue const &written, wxJSONValue const &loaded) const;
   void require(bool holds, char const *what) const;
+  [[noreturn]] void fail(std::string const &what) const;
 
   std::shared_ptr<AnnotationTool> m_reader;  ///< loads what the tool has written
   wxJSONValue m_lastLoaded;

@@ -9,6 +9,7 @@
 #ifdef __WXGTK3__
 #include <cmath>
 #include <memory>
+#include <new>
 
 #include <gdk/gdk.h>
 #include <pango/pangocairo.h>
@@ -36,6 +37,18 @@ struct Releaser {
 using Layout = std::unique_ptr<PangoLayout, Releaser<g_object_unref>>;
 using Surface = std::unique_ptr<cairo_surface_t, Releaser<cairo_surface_destroy>>;
 using Cairo = std::unique_ptr<cairo_t, Releaser<cairo_destroy>>;
+
+/// What is set on a surface meanwhile, and taken back at the end.
+class SavedState {
+public:
+  explicit SavedState(cairo_t *cairo) : m_cairo(cairo) { cairo_save(cairo); }
+  SavedState(SavedState const &) = delete;
+  SavedState &operator=(SavedState const &) = delete;
+  ~SavedState() { cairo_restore(m_cairo); }
+
+private:
+  cairo_t *m_cairo;
+};
 
 /// The font as the toolkit sets it, which follows the desktop's scale of fonts.
 wxFont AsOnScreen(wxFont const &font) {
@@ -86,6 +99,8 @@ Surface MakeReduced(double width, double height, double reduction) {
 }
 
 /// Paints the layout `reduction` times smaller on a surface of its own and enlarges what is seen.
+/// Throws std::bad_alloc: painting a surface that could not be made would stop all painting for
+/// good, that of what hides as well.
 void ShowEnlarged(cairo_t *cairo, PangoLayout *layout, double reduction) {
   cairo_matrix_t placed;
   cairo_get_matrix(cairo, &placed);
@@ -96,6 +111,7 @@ void ShowEnlarged(cairo_t *cairo, PangoLayout *layout, double reduction) {
   double bottom = 0.0;
   cairo_clip_extents(cairo, &left, &top, &right, &bottom);
   Surface const surface = MakeReduced(right - left, bottom - top, reduction);
+  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) throw std::bad_alloc();
   Cairo const reduced(cairo_create(surface.get()));
   cairo_scale(reduced.get(), 1.0 / reduction, 1.0 / reduction);
   cairo_translate(reduced.get(), -left, -top);
@@ -126,7 +142,7 @@ bool DrawLargeLetters(wxGraphicsContext &context, wxString const &text,
   wxFont const shown = AsOnScreen(font);
   double const height = LetterHeight(cairo, shown);
   if (height <= kMostKept) return false;
-  cairo_save(cairo);
+  SavedState const saved(cairo);
   cairo_translate(cairo, topLeft.m_x, topLeft.m_y);
   cairo_rotate(cairo, -angle);
   cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
@@ -138,7 +154,6 @@ bool DrawLargeLetters(wxGraphicsContext &context, wxString const &text,
   } else {
     FillOutlines(cairo, layout.get());
   }
-  cairo_restore(cairo);
   return true;
 }
 

@@ -95,6 +95,8 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   // each SetImage mirrors the picture that both share, so that one alone would leave it mirrored.
   bool const isOwnFrame = savedFrame == info.frameIndex && !TalHasRTLLayout();
   auto const savedMacros = m_textMacros;
+  // A copy: the frame may be the tool's own picture, by reference, which changes here.
+  wxImage const savedImage = frame;  // NOLINT(performance-unnecessary-copy-initialization): as said
 
   m_mediaInfo.frameIndex = info.frameIndex;
   // Before the picture: what is hidden is cut where the objects are in this frame.
@@ -106,7 +108,7 @@ wxImage AnnotationTool::GetAnnotatedFrame(wxImage const &frame, AnnotationMediaI
   m_mediaInfo.frameIndex = savedFrame;
   goToFrameOfObjects(savedFrame);
   // The frame just rendered stays the tool's picture; the host sets the one it wants next.
-  if (!isOwnFrame) SetImage(frame, false);
+  if (!isOwnFrame) SetImage(savedImage, false);
   m_textMacros = savedMacros;
   UpdateTextMacrosMap({});
   return output;
