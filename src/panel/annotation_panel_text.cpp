@@ -39,6 +39,8 @@ void AnnotationPanel::changeFont(std::function<void(wxFont &)> const &change) {
   AnnTextProperties &record = *m_tool->GetToolModes().text->m_properties;
   wxFont font = framenote::UsableFont(record.GetFont());
   change(font);
+  // A name of no font that is installed. The controls show what is kept.
+  if (!font.IsOk()) return updateTextPropertiesCustomControls();
   record.SetFont(font);
   apply(Types::Text);
   m_fontPicker->SetSelectedFont(font);

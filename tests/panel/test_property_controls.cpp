@@ -159,6 +159,22 @@ TEST_F(PropertyControls, FontIsChosenOrTyped) {
   EXPECT_EQ(record.GetFont().GetPointSize(), 0);
 }
 
+TEST_F(PropertyControls, NameOfNoFontLeavesTheFontAsItWas) {
+  AnnTextProperties const &record = *m_tool->GetToolModes().text->m_properties;
+  DrawObject(Types::Text, {20, 20}, {90, 80});
+  auto *const face = Find<wxOwnerDrawnComboBox>(21);
+  face->SetValue("DejaVu Serif");
+  Send(*face, wxEVT_TEXT_ENTER);
+  for (char const *unknown : {"DejaVu Serf", "", "7", "DejaVu Serif, "}) {
+    face->SetValue(unknown);
+    Send(*face, wxEVT_TEXT_ENTER);
+    EXPECT_EQ(record.GetFont().GetFaceName(), "DejaVu Serif") << unknown;
+    EXPECT_EQ(Front<AnnText>()->TextProperties().GetFont().GetFaceName(), "DejaVu Serif")
+        << unknown;
+    EXPECT_EQ(face->GetValue(), "DejaVu Serif") << unknown;
+  }
+}
+
 TEST_F(PropertyControls, SizeThatIsNotListedLeavesTheListAsItWas) {
   AnnTextProperties &record = *m_tool->GetToolModes().text->m_properties;
   auto *const size = Find<wxOwnerDrawnComboBox>(25);
