@@ -29,6 +29,8 @@ wxSize const kSize(900, 640);
 constexpr int kStepsTold = 20;
 /// After so many steps a window of the toolkit's own is closed from outside.
 constexpr int kPatience = 12;
+/// Of five milliseconds each.
+constexpr int kInputTries = 60;
 
 template <class Window>
 Window *FindChild(wxWindow &parent) {
@@ -132,6 +134,16 @@ void Monkey::Pump() {
   }
   std::string const answers = m_dialogs.TakeAnswers();
   if (!answers.empty() && !m_steps.empty()) Say(answers);
+}
+
+void Monkey::WaitForInput() {
+  m_arrival.Expect();
+  m_input.Tap(KeyArrival::kKey);
+  for (int i = 0; i < kInputTries && !m_arrival.IsThere(); ++i) {
+    Pump();
+    if (!m_arrival.IsThere()) wxMilliSleep(5);
+  }
+  Pump();
 }
 
 void Monkey::MoveTo(wxPoint const &screen) {

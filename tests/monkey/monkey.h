@@ -9,6 +9,7 @@
 
 #include <wx/gdicmn.h>
 
+#include "monkey/key_arrival.h"
 #include "monkey/monkey_dialogs.h"
 #include "monkey/server_input.h"
 #include "monkey/watchdog.h"
@@ -68,6 +69,9 @@ public:
   void Key(int key, int modifiers = 0);
   /// Runs what the toolkit has until it has no more.
   void Pump();
+  /// Runs until what was typed and clicked so far has reached the window: the toolkit holds some of
+  /// it back until it has painted. Not for ever: nothing may have the keyboard.
+  void WaitForInput();
   /// A place of a window on the screen; of the canvas if that window is not seen.
   wxPoint PlaceOn(wxWindow const &window);
   /// The place of a point of the picture.
@@ -99,6 +103,7 @@ private:
   Watchdog m_watchdog;
   ServerInput m_input;
   MonkeyDialogs m_dialogs;
+  KeyArrival m_arrival;
   MainFrame *m_frame = nullptr;  // owned by itself, like its children
   Canvas *m_canvas = nullptr;
   Timeline *m_timeline = nullptr;

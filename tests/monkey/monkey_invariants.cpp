@@ -202,6 +202,8 @@ wxJSONValue MonkeyInvariants::documentAfter(char const *label) {
 
 std::string MonkeyInvariants::CheckUndo() {
   History const &steps = m_monkey.Open().Steps();
+  // A key that came in between would look like a change by undo.
+  m_monkey.WaitForInput();
   if (isGestureRunning() || !m_monkey.Open().HasMedia()) return {};
   // The first undo ends what is selected, which may be a step of its own, and the playing.
   documentAfter("Undo");

@@ -22,7 +22,7 @@ struct SymbolOfKey {
   KeySym symbol;
 };
 
-constexpr std::array<SymbolOfKey, 22> kSymbols = {{{WXK_RETURN, XK_Return},
+constexpr std::array<SymbolOfKey, 23> kSymbols = {{{WXK_RETURN, XK_Return},
                                                    {WXK_ESCAPE, XK_Escape},
                                                    {WXK_TAB, XK_Tab},
                                                    {WXK_BACK, XK_BackSpace},
@@ -43,6 +43,7 @@ constexpr std::array<SymbolOfKey, 22> kSymbols = {{{WXK_RETURN, XK_Return},
                                                    {WXK_F9, XK_F9},
                                                    {WXK_F10, XK_F10},
                                                    {WXK_F11, XK_F11},
+                                                   {WXK_F12, XK_F12},
                                                    {WXK_INSERT, XK_Insert}}};
 
 /// Characters are their own symbols.
