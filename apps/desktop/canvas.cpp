@@ -31,6 +31,8 @@ Canvas::Canvas(wxWindow *parent, wxWindowID id) {
 }
 
 Canvas::~Canvas() {
+  // A bar that still moves ends at once when the window goes: too late for what its events change.
+  SetEvtHandlerEnabled(false);
   if (HasCapture()) ReleaseMouse();
 }
 

@@ -18,7 +18,7 @@
 #include "desktop/main_frame.h"
 #include "desktop/start_options.h"
 #include "desktop/start_output.h"
-#include "desktop/toolkit_direction.h"
+#include "desktop/toolkit_settings.h"
 #include "project/recovery_store.h"
 #include "project/user_language.h"
 #include "talbase/layout_direction.h"

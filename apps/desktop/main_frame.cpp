@@ -14,6 +14,7 @@
 
 #include "desktop/document_change.h"
 #include "desktop/object_list.h"
+#include "desktop/toolkit_settings.h"
 #include "desktop/transport_bar.h"
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
@@ -88,9 +89,13 @@ MainFrame::~MainFrame() {
   m_tool->UnlinkGui();
   m_canvas->SetTool(nullptr);
   m_panes.UnInit();
+  // Before what they call back to.
+  wxWindow *const panes[] = {m_canvas->GetParent(), m_palette, m_timePane, m_objects};
+  for (wxWindow *const pane : panes) pane->Destroy();
 }
 
 void MainFrame::makeWindows() {
+  KeepScrollBarsBeside();
   m_panes.SetManagedWindow(this);
   auto *const middle = new wxPanel(this);           // owned by this window, like all that follow
   m_problem = new wxInfoBar(middle);                // owned by its parent

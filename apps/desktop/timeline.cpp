@@ -63,6 +63,8 @@ Timeline::Timeline(wxWindow *parent, wxWindowID id) {
 }
 
 Timeline::~Timeline() {
+  // A bar that still moves ends at once when the window goes: too late for what its events change.
+  SetEvtHandlerEnabled(false);
   if (HasCapture()) ReleaseMouse();
 }
 

@@ -441,6 +441,25 @@ TEST_F(MainFrameTest, NoCommandIsRunWhileAnotherOneAsks) {
   EXPECT_FALSE(m_frame->OpenSession().HasMedia());
 }
 
+TEST_F(MainFrameTest, TheWindowGoesWhileAScrollBarMoves) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  m_canvas->ZoomTo(20.0);
+  Settle();
+  wxSize const inside = m_canvas->GetClientSize();
+  ASSERT_GT(m_canvas->GetSize().x, inside.x + 4);
+  wxPoint const below((inside.x + m_canvas->GetSize().x) / 2, inside.y - 10);
+  m_mouse.MouseMove(m_canvas->ClientToScreen(below));
+  Settle();
+  // With Shift it slides to the next page.
+  m_mouse.KeyDown(WXK_SHIFT);
+  m_mouse.MouseDown();
+  m_mouse.MouseUp();
+  m_mouse.KeyUp(WXK_SHIFT);
+  wxYield();
+  Destroy();
+}
+
 TEST_F(MainFrameTest, ObjectsThatCannotBeReadAreTold) {
   std::ofstream(In("arrow.json"))
       << R"({"Annotate":{"Objects":[{"Id":3,"StartFrame":0,"EndFrame":0,"Properties":{},)"

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/toolkit_settings.h"
 #include "support/screen_capture.h"
 
 namespace framenote::test {
@@ -19,6 +20,7 @@ protected:
   static constexpr int kClientHeight = 400;
 
   void SetUp() override {
+    KeepScrollBarsBeside();
     m_frame = new wxFrame(nullptr, wxID_ANY, "", {40, 40});  // destroyed in TearDown
     m_frame->SetClientSize(kClientWidth, kClientHeight);
   }
