@@ -137,12 +137,17 @@ void ViewTransform::clampOrigin() {
 }
 
 void ViewTransform::ZoomTo(double zoom, wxPoint2DDouble const &at) {
-  // From the exact origin, not from where it is shown: many steps must not add up to a shift.
-  wxPoint2DDouble const kept = (at - m_origin) / Scale();
+  // Steps at one place go from the point that was seen there at first: what each of them puts on
+  // whole pixels must not add up to a shift.
+  bool const goesOn = m_anchor && m_anchor->onWindow == at && m_anchor->origin == m_origin;
+  wxPoint2DDouble const kept = goesOn ? m_anchor->onPicture : ToPicture(at);
   m_zoom = clampedZoom(zoom);
   m_isFitted = false;
-  m_origin = at - kept * Scale();
+  wxPoint2DDouble const wanted = at - kept * Scale();
+  m_origin = wanted;
   clampOrigin();
+  m_anchor.reset();
+  if (m_origin == wanted) m_anchor = Anchor{at, kept, m_origin};
 }
 
 void ViewTransform::ZoomBySteps(int steps, wxPoint2DDouble const &at) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+
 #include <wx/gdicmn.h>
 #include <wx/geometry.h>
 
@@ -68,6 +70,13 @@ private:
     ScrollBar Bar(double origin) const;
   };
 
+  /// Where it was zoomed last, and what was there.
+  struct Anchor {
+    wxPoint2DDouble onWindow;
+    wxPoint2DDouble onPicture;
+    wxPoint2DDouble origin;  ///< after that; another one says that the view was moved since
+  };
+
   Axis horizontal() const;
   Axis vertical() const;
   double fittingZoom() const;
@@ -81,4 +90,5 @@ private:
   double m_zoom = 1.0;
   wxPoint2DDouble m_origin;  ///< of the picture in the window, before it is put on a pixel
   bool m_isFitted = true;
+  std::optional<Anchor> m_anchor;
 };

@@ -51,6 +51,21 @@ TEST(ViewTransform, ZoomKeepsThePointUnderThePointer) {
   EXPECT_NEAR(view.ToPicture(at).m_x, 1800.0, 1e-9);
 }
 
+TEST(ViewTransform, ThePointThatIsSeenAtThePointerStaysThere) {
+  // In a window of odd sides the corner lies between pixels: at (292.5 - 1000, 192.5 - 750).
+  ViewTransform view = View({2000, 1500}, {585, 385});
+  view.ZoomTo(1.0, view.Centre());
+  EXPECT_EQ(view.DeviceOrigin(), wxPoint(-707, -557));
+  for (wxPoint2DDouble const &at : {wxPoint2DDouble(217, 133), wxPoint2DDouble(400, 12)}) {
+    wxPoint2DDouble const point = view.ToPicture(at);
+    for (int const steps : {1, 2, 3, -4, 5, -7, 1, -1}) {
+      view.ZoomBySteps(steps, at);
+      EXPECT_NEAR(view.ToWindow(point).m_x, at.m_x, 0.5 + 1e-9) << view.Zoom();
+      EXPECT_NEAR(view.ToWindow(point).m_y, at.m_y, 0.5 + 1e-9) << view.Zoom();
+    }
+  }
+}
+
 TEST(ViewTransform, ZoomStaysWithinItsBounds) {
   ViewTransform view = View({1000, 1000}, {500, 500});
   view.ZoomTo(1000.0, view.Centre());
