@@ -27,6 +27,7 @@
 #include "framenote/annotation_panel.h"
 #include "project/project_file.h"
 #include "project/recovery_store.h"
+#include "support/find_child.h"
 
 namespace framenote::test {
 
@@ -67,15 +68,6 @@ private:
     return wxID_OK;
   }
 };
-
-template <class Window>
-Window *FindChild(wxWindow &parent) {
-  for (wxWindow *const child : parent.GetChildren()) {
-    if (auto *const found = dynamic_cast<Window *>(child)) return found;
-    if (auto *const found = FindChild<Window>(*child)) return found;
-  }
-  return nullptr;
-}
 
 class MainFrameTest : public testing::Test {
 protected:

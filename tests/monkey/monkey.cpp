@@ -18,6 +18,7 @@
 #include "framenote/annotation_panel.h"
 #include "framenote/annotation_tool.h"
 #include "monkey/monkey_home.h"
+#include "support/find_child.h"
 #include "support/test_pictures.h"
 
 namespace framenote::test {
@@ -31,15 +32,6 @@ constexpr int kStepsTold = 20;
 constexpr int kPatience = 12;
 /// Of five milliseconds each.
 constexpr int kInputTries = 60;
-
-template <class Window>
-Window *FindChild(wxWindow &parent) {
-  for (wxWindow *const child : parent.GetChildren()) {
-    if (auto *const found = dynamic_cast<Window *>(child)) return found;
-    if (auto *const found = FindChild<Window>(*child)) return found;
-  }
-  return nullptr;
-}
 
 void MakeMedia() {
   std::string const command =
