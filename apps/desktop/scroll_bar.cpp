@@ -4,9 +4,20 @@
 #include <wx/event.h>
 #include <wx/window.h>
 
+namespace {
+
+/// Below this a side has no room for a bar and what it scrolls; GTK complains there.
+constexpr int kLeastSide = 72;
+
+}  // namespace
+
 void ShowScrollBars(wxWindow &window, ScrollBar const &across, ScrollBar const &down) {
-  window.SetScrollbar(wxHORIZONTAL, across.position, across.page, across.range);
-  window.SetScrollbar(wxVERTICAL, down.position, down.page, down.range);
+  wxSize const least = window.FromDIP(wxSize(kLeastSide, kLeastSide));
+  wxSize const size = window.GetSize();
+  bool const hasRoom = size.x >= least.x && size.y >= least.y;
+  window.SetScrollbar(wxHORIZONTAL, across.position, across.page,
+                      hasRoom ? across.range : across.page);
+  window.SetScrollbar(wxVERTICAL, down.position, down.page, hasRoom ? down.range : down.page);
 }
 
 int WantedPosition(wxScrollWinEvent const &event, ScrollBar const &bar, int line) {

@@ -13,7 +13,8 @@ struct ScrollBar {
   int range = 1;
 };
 
-/// Shows both bars on a window made with wxHSCROLL and wxVSCROLL.
+/// Shows both bars on a window made with wxHSCROLL and wxVSCROLL; none in one that is squeezed to
+/// less than the bars need.
 void ShowScrollBars(wxWindow &window, ScrollBar const &across, ScrollBar const &down);
 /// Where the bar `bar` is asked to go; may lie past its ends. `line` is the way of one step.
 int WantedPosition(wxScrollWinEvent const &event, ScrollBar const &bar, int line);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -110,6 +111,20 @@ void KeepGlibMessage(char const *domain, GLogLevelFlags level, char const *text,
   constexpr int kBad = G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING;
   if (!isCollecting || (level & kBad) == 0 || IsOfTheToolkit(text)) return;
   complaints.push_back(std::string(domain != nullptr ? domain : "GLib") + ": " + text);
+}
+
+/// What GTK says of its own accord comes here alone.
+GLogWriterOutput WriteGlibMessage(GLogLevelFlags level, GLogField const *fields, gsize count,
+                                  void *data) {
+  auto const field = [&](char const *key) -> char const * {
+    for (gsize i = 0; i < count; ++i) {
+      if (std::strcmp(fields[i].key, key) == 0) return static_cast<char const *>(fields[i].value);
+    }
+    return nullptr;
+  };
+  char const *const text = field("MESSAGE");
+  KeepGlibMessage(field("GLIB_DOMAIN"), level, text != nullptr ? text : "", data);
+  return g_log_writer_default(level, fields, count, data);
 }
 
 }  // namespace
@@ -289,6 +304,9 @@ Complaints::Complaints() {
   complaints.clear();
   delete wxLog::SetActiveTarget(new ComplaintLog);  // owned by wxLog
   g_log_set_default_handler(KeepGlibMessage, nullptr);
+  // GLib takes it once in a program.
+  static bool const isWriterSet = (g_log_set_writer_func(WriteGlibMessage, nullptr, nullptr), true);
+  static_cast<void>(isWriterSet);
 }
 
 Complaints::~Complaints() {
