@@ -34,6 +34,8 @@ constexpr int kObjectsShare = 1;
 constexpr char const *kLayoutKey = "/window/layout";
 constexpr char const *kRecentPath = "/recent";
 /// How much of the window the panes of one side may take.
+/// Narrower or lower, scroll bars would have no room.
+wxSize const kLeastPane(120, 90);
 constexpr double kWidestDock = 0.45;
 constexpr double kHighestDock = 0.3;
 
@@ -132,14 +134,15 @@ void MainFrame::addPanes(wxWindow &middle) {
   // A palette of long words is cut off at the usual 0.3 of a small window.
   m_panes.SetDockSizeConstraint(kWidestDock, kHighestDock);
   m_panes.AddPane(&middle, Pane().Name("picture").CenterPane());
-  Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right();
+  wxSize const least = FromDIP(kLeastPane);
+  Pane palette = Pane().Name("palette").Caption(_("Annotations")).Right().MinSize(least);
   m_panes.AddPane(m_palette, palette.BestSize(m_palette->GetBestSize()));
   // Side by side: a row of the timeline is an object too.
-  Pane time = Pane().Name("timeline").Caption(_("Timeline")).Bottom().Position(0);
+  Pane time = Pane().Name("timeline").Caption(_("Timeline")).Bottom().Position(0).MinSize(least);
   time.BestSize(FromDIP(wxSize(-1, kTimelineHeight)));
   time.dock_proportion = kTimelineShare;
   m_panes.AddPane(m_timePane, time);
-  Pane objects = Pane().Name("objects").Caption(_("Objects")).Bottom().Position(1);
+  Pane objects = Pane().Name("objects").Caption(_("Objects")).Bottom().Position(1).MinSize(least);
   objects.dock_proportion = kObjectsShare;
   m_panes.AddPane(m_objects, objects);
 }

@@ -9,6 +9,7 @@
 
 #include <wx/app.h>
 #include <wx/config.h>
+#include <wx/display.h>
 #include <wx/fileconf.h>
 #include <wx/image.h>
 
@@ -25,6 +26,7 @@ namespace framenote::test {
 
 namespace {
 
+wxPoint const kPlace(20, 20);
 /// Small: what is painted costs more than what is done.
 wxSize const kSize(900, 640);
 constexpr int kStepsTold = 20;
@@ -66,7 +68,7 @@ Monkey::~Monkey() {
 
 void Monkey::start() {
   m_frame = new MainFrame(InMonkeyHome("recovery"));  // destroyed by the monkey
-  m_frame->SetSize(wxRect({20, 20}, kSize));
+  m_frame->SetSize(wxRect(kPlace, kSize));
   m_frame->Show();
   m_canvas = FindChild<Canvas>(*m_frame);
   m_timeline = FindChild<Timeline>(*m_frame);
@@ -93,6 +95,8 @@ void Monkey::BeginStep(int number, char const *name) {
   std::seed_seq seed{m_seed, static_cast<unsigned>(number)};
   m_random.seed(seed);
   m_dialogs.Seed(seed);
+  // By its menu bar the toolkit lets the window be dragged away.
+  if (!wxDisplay().GetGeometry().Contains(m_frame->GetRect())) m_frame->Move(kPlace);
   m_steps.push_back(std::to_string(number) + " " + name);
   if (m_steps.size() > kStepsTold) m_steps.pop_front();
   trace("\n" + m_steps.back());
