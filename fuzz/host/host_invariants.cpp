@@ -11,14 +11,18 @@
 #include "framenote/annotation_events.h"
 #include "objects/ann_image.h"
 #include "objects/annotation_object.h"
-#include "objects/shape_geometry.h"
 #include "support/session.h"
+#include "support/written_object.h"
 #include "talbase/json_conversions.h"
 #include "talbase/json_text.h"
 
 namespace framenote::fuzz {
 
 namespace {
+
+using test::BoxOf;
+using test::MayBeLeftOut;
+using test::RunsOf;
 
 constexpr char const *kObjectsKey = "Objects";
 /// Calls from one loading of the document to the next: it costs more than all else.
@@ -45,26 +49,6 @@ bool NeedsSelection(ToolState state) {
          state != ToolState::OverObject;
 }
 
-/// The runs of an element; those of a kind with a box are its rectangle's.
-wxJSONValue RunsOf(wxJSONValue const &element) {
-  wxJSONValue const rectangle = element.ItemAt("Rectangle");
-  return (rectangle.IsValid() ? rectangle : element).ItemAt(IAnnotationObject::coordinatesKey);
-}
-
-AnnShapePoints BoxOf(wxJSONValue const &run) {
-  AnnShapePoints record;
-  record.m_topLeft = FromJson<wxPoint2DDouble>(run.ItemAt("TopLeft"));
-  record.m_topRight = FromJson<wxPoint2DDouble>(run.ItemAt("TopRight"));
-  record.m_bottomRight = FromJson<wxPoint2DDouble>(run.ItemAt("BottomRight"));
-  record.m_bottomLeft = FromJson<wxPoint2DDouble>(run.ItemAt("BottomLeft"));
-  return record;
-}
-
-bool HasCollapsedBox(wxJSONValue const &run) {
-  AnnShapePoints const record = BoxOf(run);
-  return IsPoint(record) || IsXLine(record) || IsYLine(record);
-}
-
 /// Whether the last run of a picture takes the picture's proportions when it is read, which the
 /// document says after the next edit only. It can have others where the picture was exchanged in
 /// another run.
@@ -79,35 +63,6 @@ bool MayTakeProportions(IAnnotationObject const &object) {
   double const width = last.m_topLeft.GetDistance(last.m_topRight);
   wxSize const size = picture->GetImage().GetSize();
   return std::abs(height * size.x - width * size.y) > kRounding * height * size.x;
-}
-
-bool IsTransparent(wxJSONValue const &properties) {
-  return properties.ItemAt("BorderColorTransparent").AsBool() &&
-         properties.ItemAt("FillColorTransparent").AsBool();
-}
-
-/// Whether an object may be left out when it is read: one that leaves no trace where it was read
-/// last, which is in its last frame.
-bool MayBeLeftOut(wxJSONValue const &element) {
-  wxJSONValue const runs = RunsOf(element);
-  if (runs.Size() == 0) return false;
-  wxJSONValue const last = runs.ItemAt(runs.Size() - 1);
-  switch (static_cast<Types>(element.ItemAt(IAnnotationObject::idKey).AsInt())) {
-    case Types::Shape:
-      return HasCollapsedBox(last) || IsTransparent(element.ItemAt("Properties"));
-    case Types::Arrow:
-      return last.ItemAt("Head").IsSameAs(last.ItemAt("Tail"));
-    case Types::Text:
-      return element.ItemAt("TextLines").AsString() == "[\"\"]";
-    case Types::Image:
-      return HasCollapsedBox(last) || !element.ItemAt("Properties").ItemAt("FileName").IsValid() ||
-             !wxFileExists(element.ItemAt("Properties").ItemAt("FileName").AsString());
-    case Types::Hide:
-    case Types::Magnify:
-      return HasCollapsedBox(last);
-    default:
-      return false;
-  }
 }
 
 }  // namespace
