@@ -19,6 +19,15 @@
 #include "project/file_error.h"
 #include "project/path_text.h"
 
+namespace {
+
+/// Whether the mouse or the keyboard is in the middle of something.
+bool IsGesture(ToolState state) {
+  return framenote::IsHandling(state) || state == ToolState::Drawing || state == ToolState::Editing;
+}
+
+}  // namespace
+
 // --- Editing ---
 
 void MainFrame::undo() {
@@ -32,8 +41,14 @@ void MainFrame::redo() {
 void MainFrame::changeStep(std::function<bool()> const &change) {
   // Playing on would take the range of the object that is selected then along, a step of its own.
   pause();
-  m_tool->DeactivateToolAndControls();
   m_session->TakeDocument();
+  bool const wasAtRest = !IsGesture(m_tool->GetState());
+  std::size_t const objects = m_tool->AnnotationObjects().size();
+  m_tool->DeactivateToolAndControls();
+  // An object that cannot be seen goes with its selection. As a step, that would be what is undone,
+  // and since it is selected again then, once more each time.
+  bool const hasGone = wasAtRest && m_tool->AnnotationObjects().size() < objects;
+  if (!hasGone) m_session->TakeDocument();
   // Loading a document empties the tool's clipboard.
   m_hasCopied = false;
   try {
@@ -93,10 +108,7 @@ void MainFrame::escape() {
   m_canvas->SetFocus();
   if (m_timeline->CancelDrag()) return;
   ToolState const state = m_tool->GetState();
-  bool const isGesture = state == ToolState::Drawing || state == ToolState::Moving ||
-                         state == ToolState::Resizing || state == ToolState::Rotating ||
-                         state == ToolState::Editing;
-  if (!isGesture) return m_tool->DeactivateToolAndControls();
+  if (!IsGesture(state)) return m_tool->DeactivateToolAndControls();
   if (state == ToolState::Editing) return takeEditedText();
   m_canvas->EndGesture();
 }

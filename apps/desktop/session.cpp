@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "desktop/document_change.h"
 #include "framenote/annotation_tool.h"
 #include "media/media_error.h"
 #include "media/picture_image.h"
@@ -41,6 +42,7 @@ void Session::Open(std::unique_ptr<MediaSource> source, Project const &project,
   m_tool->FromJSON(project.document, FrameCount());
   m_leftOut = ObjectsLeftOut(project.document, *m_tool);
   m_tool->OnJsonChanged();
+  m_incomplete.reset();
   m_history.Reset({m_tool->GetJSON(), -1, 0});
   if (isRestored) m_history.ForgetSaved();
   m_frame = 0;
@@ -60,6 +62,7 @@ void Session::Close() {
   m_frame = 0;
   m_tool->Reset(false);
   m_tool->SetImage(wxNullImage, false);
+  m_incomplete.reset();
   m_history.Reset({m_tool->GetJSON(), -1, 0});
   DiscardRecovery();
   m_handlers.onFrameShown();
@@ -100,7 +103,12 @@ void Session::ShowFrame(std::int64_t frame, bool isPlaying) {
 }
 
 void Session::TakeDocument() {
-  if (!m_source || !m_history.Record({m_tool->GetJSON(), selectedIndex(), m_frame})) return;
+  if (!m_source) return;
+  // What it cannot hold of a state is no step: it would be undone in place of the one that is
+  // wanted, again and again.
+  if (m_incomplete && m_incomplete->IsSameAs(m_tool->GetJSON())) return;
+  m_incomplete.reset();
+  if (!m_history.Record({m_tool->GetJSON(), selectedIndex(), m_frame})) return;
   storeForRecovery();
   m_handlers.onChanged();
 }
@@ -111,26 +119,28 @@ void Session::EndGesture() {
 }
 
 bool Session::Undo() {
-  TakeDocument();
   return load(m_history.Undo());
 }
 
 bool Session::Redo() {
-  TakeDocument();
   return load(m_history.Redo());
 }
 
 bool Session::load(History::State const &wanted) {
   m_tool->FromJSON(DocumentOf(wanted.annotations), FrameCount());
   m_tool->OnJsonChanged();
-  bool const isWhole = m_tool->GetJSON().IsSameAs(wanted.annotations);
+  DocumentChange const lost = CompareDocuments(wanted.annotations, m_tool->GetJSON());
+  m_incomplete.reset();
+  if (lost.kind != DocumentChange::Kind::None) m_incomplete = m_tool->GetJSON();
   ShowFrame(wanted.frame, false);
-  if (wanted.selectedIndex >= 0) {
+  if (!m_incomplete && wanted.selectedIndex >= 0) {
     m_tool->SelectObject(static_cast<std::size_t>(wanted.selectedIndex));
   }
   storeForRecovery();
   m_handlers.onChanged();
-  return isWhole;
+  bool const isUnseen =
+      lost.kind == DocumentChange::Kind::Remove && lost.object != DocumentChange::Object::Picture;
+  return lost.kind == DocumentChange::Kind::None || isUnseen;
 }
 
 int Session::selectedIndex() const {

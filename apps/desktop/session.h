@@ -5,6 +5,7 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -81,7 +82,9 @@ public:
   void EndGesture();
   History const &Steps() const { return m_history; }
   /// Goes to the state before, or after, and to the frame where the two differ. False if an object
-  /// of it cannot be made any more, as a picture whose file is gone.
+  /// of it cannot be made any more, as a picture whose file is gone; one that cannot be seen
+  /// goes without a word. What has not been taken by
+  /// TakeDocument() is no step, and gone.
   /// REQUIRES: Steps().CanUndo(), or CanRedo().
   bool Undo();
   bool Redo();
@@ -110,6 +113,9 @@ private:
   MediaFacts m_expected;  ///< of the media that the project was made on
   std::string m_projectPath;
   int m_leftOut = 0;
+  /// The document as the tool made it from a step, where it cannot hold all of that: an object that
+  /// cannot be seen, or whose picture is gone.
+  std::optional<wxJSONValue> m_incomplete;
   History m_history;
   std::int64_t m_frame = 0;
   wxImage m_picture;

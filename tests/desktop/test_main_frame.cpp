@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <wx/checkbox.h>
 #include <wx/dataview.h>
 #include <wx/fileconf.h>
 #include <wx/filedlg.h>
@@ -25,9 +26,11 @@
 #include "desktop/window_fixture.h"
 #include "framenote/annotation_catalogue.h"
 #include "framenote/annotation_panel.h"
+#include "objects/annotation_object.h"
 #include "project/project_file.h"
 #include "project/recovery_store.h"
 #include "support/find_child.h"
+#include "support/objects_of_kinds.h"
 
 namespace framenote::test {
 
@@ -369,6 +372,60 @@ TEST_F(MainFrameTest, AListThatLosesItsRowGoesBackToWhatIsSelected) {
 }
 
 // While it plays, the range of a selected object goes along: undone was then done anew.
+TEST_F(MainFrameTest, UndoBringsBackWhatCannotBeSeen) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  Key('S');
+  Drag({40, 30}, {80, 70});
+  auto const isTransparent = [this] {
+    auto const &objects = m_frame->Tool().AnnotationObjects();
+    return objects.front()->ToJSON().ItemAt("Properties").ItemAt("BorderColorTransparent").AsBool();
+  };
+  auto *const box = dynamic_cast<wxCheckBox *>(
+      wxWindow::FindWindowById(12, FindChild<AnnotationPanel>(*m_frame)));
+  ASSERT_NE(box, nullptr);
+  m_mouse.MouseMove(box->ClientToScreen(wxPoint(8, box->GetSize().y / 2)));
+  Settle();
+  m_mouse.MouseClick();
+  Settle();
+  ASSERT_TRUE(isTransparent());
+  m_canvas->SetFocus();
+  for (int i = 0; i < 2; ++i) {
+    Key('Z', wxMOD_CONTROL);
+    ASSERT_EQ(m_frame->Tool().AnnotationObjects().size(), 1u);
+    EXPECT_FALSE(isTransparent());
+    Key('Y', wxMOD_CONTROL);
+    EXPECT_TRUE(m_frame->Tool().AnnotationObjects().empty());
+    EXPECT_FALSE(FindChild<wxInfoBar>(*m_frame)->IsShown());
+  }
+  Key('Z', wxMOD_CONTROL);
+  EXPECT_FALSE(isTransparent());
+  Key('Z', wxMOD_CONTROL);
+  EXPECT_TRUE(m_frame->Tool().AnnotationObjects().empty());
+  EXPECT_FALSE(m_frame->OpenSession().Steps().CanUndo());
+}
+
+TEST_F(MainFrameTest, UndoGoesPastAPictureThatIsGone) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  OpenClip();
+  {
+    PictureToPaste const picture(*m_frame->Tool().GetToolModes().image);
+    Key('I');
+    Drag({40, 30}, {80, 70});
+    ASSERT_EQ(m_frame->Tool().AnnotationObjects().size(), 1u);
+    Key(WXK_DELETE);
+    ASSERT_TRUE(m_frame->Tool().AnnotationObjects().empty());
+  }
+  auto *const bar = FindChild<wxInfoBar>(*m_frame);
+  EXPECT_FALSE(bar->IsShown());
+  Key('Z', wxMOD_CONTROL);
+  EXPECT_TRUE(bar->IsShown());
+  EXPECT_TRUE(m_frame->Tool().AnnotationObjects().empty());
+  EXPECT_TRUE(m_frame->OpenSession().Steps().CanRedo());
+  Key('Z', wxMOD_CONTROL);
+  EXPECT_FALSE(m_frame->OpenSession().Steps().CanUndo());
+}
+
 TEST_F(MainFrameTest, UndoEndsPlaying) {
   ASSERT_NO_FATAL_FAILURE(Start());
   OpenClip();

@@ -34,6 +34,7 @@ private:
   std::string checkTimeline() const;
   std::string checkList() const;
   std::string compareObjects(wxJSONValue const &written, wxJSONValue const &read) const;
+  std::string stepDifference(wxJSONValue const &shown) const;
   bool mayBeLeftOut(wxJSONValue const &written, int index) const;
   wxJSONValue documentAfter(char const *label);
   bool isGestureRunning() const;
