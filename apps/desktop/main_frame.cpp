@@ -33,9 +33,9 @@ constexpr int kTimelineShare = 3;  ///< of the width below the picture
 constexpr int kObjectsShare = 1;
 constexpr char const *kLayoutKey = "/window/layout";
 constexpr char const *kRecentPath = "/recent";
-/// How much of the window the panes of one side may take.
-/// Narrower or lower, scroll bars would have no room.
+/// Of a pane: narrower or lower, scroll bars would have no room.
 wxSize const kLeastPane(120, 90);
+/// How much of the window the panes of one side may take.
 constexpr double kWidestDock = 0.45;
 constexpr double kHighestDock = 0.3;
 

@@ -371,7 +371,6 @@ TEST_F(MainFrameTest, AListThatLosesItsRowGoesBackToWhatIsSelected) {
   EXPECT_TRUE(table.GetSelection().IsOk());
 }
 
-// While it plays, the range of a selected object goes along: undone was then done anew.
 TEST_F(MainFrameTest, UndoBringsBackWhatCannotBeSeen) {
   ASSERT_NO_FATAL_FAILURE(Start());
   OpenClip();
@@ -426,6 +425,7 @@ TEST_F(MainFrameTest, UndoGoesPastAPictureThatIsGone) {
   EXPECT_FALSE(m_frame->OpenSession().Steps().CanUndo());
 }
 
+// While it plays, the range of a selected object goes along: undone was then done anew.
 TEST_F(MainFrameTest, UndoEndsPlaying) {
   ASSERT_NO_FATAL_FAILURE(Start());
   OpenClip();

@@ -100,8 +100,7 @@ protected:
 /// Complaints of the toolkit about what it does itself, seen with a program of GTK alone.
 constexpr std::array kOfTheToolkit = {
     // A text is dragged over a field that says less meanwhile: GTK marks the place of the drop
-    // where
-    // there is no text any more.
+    // where there is no text any more.
     "pango_layout_get_cursor_pos: assertion 'index >= 0 && index <= layout->length' failed"};
 
 bool IsOfTheToolkit(std::string const &text) {
